@@ -1,0 +1,28 @@
+# SPDX-FileCopyrightText: 2026 Provender developers
+# SPDX-License-Identifier: MIT
+
+# What every target of ours is compiled with. An interface target, so that only our own code is warned about.
+add_library(provender_options INTERFACE)
+target_compile_features(provender_options INTERFACE cxx_std_20)
+
+# Sums are exact to the last bit: one float operation at a time, never contracted into a fused one.
+target_compile_options(provender_options INTERFACE -ffp-contract=off)
+
+target_compile_options(provender_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wcast-align -Wformat=2 -Wnull-dereference -Wdouble-promotion -Wimplicit-fallthrough
+  -Wextra-semi -Wsuggest-override -Wundef
+  $<$<CXX_COMPILER_ID:GNU>:-Wduplicated-cond -Wduplicated-branches -Wlogical-op>
+  $<$<BOOL:${PROVENDER_WERROR}>:-Werror>)
+
+target_compile_definitions(provender_options INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
+  QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+# provender_library(<name> SOURCES <file>... USES <target>...): one room as a static library.
+function(provender_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE provender_options)
+endfunction()
