@@ -1,0 +1,54 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 Provender developers
+# SPDX-License-Identifier: MIT
+#
+# picture-of.sh <picture.png> <program> [argument]...: starts the program on a virtual display of its own, waits until
+# its window is painted, saves a picture of it and ends both. Nothing of the user's is read or written: the program's
+# home is a folder beside the picture. Wants the release build's grab-screen.
+set -euo pipefail
+
+picture=$(realpath "$1")
+shift
+grab=$(cd "$(dirname "$0")/.." && pwd)/build/release/bin/grab-screen
+home=${picture%.png}-home
+
+mkdir -p "$home"
+export HOME=$home QT_QPA_PLATFORM=xcb
+unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME WAYLAND_DISPLAY
+
+program=
+server=
+# shellcheck disable=SC2317 # called by the trap
+end_both() {
+    [[ -n $program ]] && kill "$program" 2> /dev/null
+    [[ -n $server ]] && kill "$server" 2> /dev/null
+    wait
+}
+trap end_both EXIT
+
+# The server picks a free display number and tells it, once it listens.
+coproc display { exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$home/display.log"; }
+server=$!
+if ! read -r -t 20 -u "${display[0]}" number; then
+    echo "The virtual display did not start:" >&2
+    cat "$home/display.log" >&2
+    exit 1
+fi
+export DISPLAY=:$number
+
+"$@" &
+program=$!
+status=0
+"$grab" "$picture" || status=1
+
+# Ended the way a session ends it; a program that then fails, fails here.
+kill "$program" 2> /dev/null || true
+ended=0
+wait "$program" || ended=$?
+program=
+if ((ended != 0)); then
+    echo "The program ended with code $ended." >&2
+    exit 1
+fi
+((status == 0)) && echo "There is no display here. A picture of the window is in $picture"
+exit "$status"
