@@ -1,0 +1,44 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDate>
+#include <QDateEdit>
+#include <QDateTime>
+
+// A date field with a calendar that holds an instant: choosing another date keeps the instant's local time of day, or
+// takes the first valid later time where the clock skips it. Dates run from year 1 to 9999.
+//
+// Everything local is worked out in the zone that is in force at that moment, from the instant. A typed date is sent
+// once, when it is complete. A plain QDateEdit holds a local date and sends whatever code sets.
+class DatePicker final : public QDateEdit {
+    Q_OBJECT
+
+public:
+    explicit DatePicker(QWidget *parent = nullptr);
+
+    // The instant, in UTC.
+    [[nodiscard]] QDateTime dateValue() const { return instant; }
+    // Never sends the action. An instant beyond the range of dates becomes the nearest one of its time of day; an
+    // invalid one changes nothing.
+    void setDateValue(const QDateTime &value);
+
+    [[nodiscard]] static QDate firstDate() { return {1, 1, 1}; }
+    [[nodiscard]] static QDate lastDate() { return {9999, 12, 31}; }
+    // The local date of an instant.
+    [[nodiscard]] static QDate localDate(const QDateTime &instant);
+    // The instant of the calendar day before or after at the same local time of day, in UTC; the instant itself at
+    // the end of the range.
+    [[nodiscard]] static QDateTime dayBefore(const QDateTime &instant);
+    [[nodiscard]] static QDateTime dayAfter(const QDateTime &instant);
+
+signals:
+    // The action: the user chose another date. dateValue() has it.
+    void dateChosen();
+
+private:
+    void choose(QDate date);
+
+    QDateTime instant;
+};

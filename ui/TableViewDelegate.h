@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+class TableCell;
+class TableView;
+
+// What a table asks about its looks and its selection.
+class TableViewDelegate {
+public:
+    // Runs right before a cell is painted, spoken or its menu opens. The cell is shared by its column and already has
+    // its value.
+    virtual void willDisplayCell(const TableView *table, TableCell &cell, const QString &column, int row) = 0;
+    // What a selection that the user proposes becomes: nothing leaves the selection as it is, an empty list clears it.
+    // Rows ascend. Code that selects is never asked.
+    [[nodiscard]] virtual std::optional<QList<int>> selectionIndexesForProposedSelection(
+        const TableView *table, const QList<int> &proposed)
+        = 0;
+    // Runs inside whatever changed the selection of a table whose delegate this is.
+    virtual void tableViewSelectionDidChange() = 0;
+    // The cell's sentence, shown as its tool tip and told as its accessible description; may be empty.
+    [[nodiscard]] virtual QString toolTipForCell(const TableView *table, const QString &column, int row) = 0;
+
+protected:
+    ~TableViewDelegate() = default;
+};
