@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "model/Food.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+// The food record: what the store keeps of a log entry, as a keyed archive of the class "Food" with the keys "name",
+// "amount", "unit" and "unitidx". What can be read again from the food's file is not in it.
+namespace FoodRecord {
+
+[[nodiscard]] QByteArray archivedDataWithRootObject(const Food &food);
+
+// The food that a record describes, not loaded yet; nothing when the data is no keyed archive of a Food.
+[[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);
+
+} // namespace FoodRecord
