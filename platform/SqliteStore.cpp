@@ -1,0 +1,277 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/SqliteStore.h"
+
+#include "platform/SqliteStatement.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr qint64 storeVersion = 1;
+// How long another process's lock is waited for: long enough for the save of a program that is just ending.
+constexpr int patience = 2000;
+
+constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
+
+void syncFolder(const QString &folder)
+{
+    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (handle < 0)
+        return;
+    ::fsync(handle); // a file system that cannot do it has no better way either
+    ::close(handle);
+}
+
+// The folder and those above it, each for its owner alone, as far as they are missing.
+bool makeFolder(const QString &folder)
+{
+    const QByteArray name = QFile::encodeName(folder);
+    const QString parent = QFileInfo(folder).path();
+    if (::mkdir(name.constData(), 0700) != 0) {
+        if (errno == EEXIST)
+            return true;
+        if (errno != ENOENT || parent == folder || !makeFolder(parent) || ::mkdir(name.constData(), 0700) != 0)
+            return false;
+    }
+    syncFolder(parent);
+    return true;
+}
+
+} // namespace
+
+SqliteStore::SqliteStore(const QString &storePath)
+    : path(storePath)
+{ }
+
+SqliteStore::~SqliteStore()
+{
+    close();
+}
+
+void SqliteStore::close()
+{
+    sqlite3_close(database);
+    database = nullptr;
+}
+
+SqliteStore::State SqliteStore::open()
+{
+    if (database != nullptr)
+        return State::Ready;
+    const QByteArray name = QFile::encodeName(path);
+    struct stat status { };
+    if (::stat(name.constData(), &status) != 0)
+        return errno == ENOENT ? State::Missing : State::Unavailable;
+    if (!S_ISREG(status.st_mode))
+        return State::Unavailable;
+    int result = sqlite3_open_v2(name.constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    if (result == SQLITE_OK) {
+        sqlite3_busy_timeout(database, haswaited ? 0 : patience);
+        result = examine();
+    }
+    if (result == SQLITE_OK) {
+        sqlite3_busy_timeout(database, patience);
+        return State::Ready;
+    }
+    haswaited = haswaited || result == SQLITE_BUSY;
+    if (isUnusable(result) && setAside())
+        return State::Missing;
+    close();
+    return State::Unavailable;
+}
+
+// Sets the connection up and looks whether the file is a store; SQLITE_NOTADB when it is surely none.
+int SqliteStore::examine()
+{
+    // The temporary store is memory so that no file but the store and its journal is ever written.
+    if (const int result = execute("PRAGMA locking_mode = EXCLUSIVE; PRAGMA synchronous = EXTRA;"
+                                   "PRAGMA temp_store = MEMORY");
+        result != SQLITE_OK)
+        return result;
+    SqliteStatement version(database, "PRAGMA user_version");
+    if (const int result = version.step(); result != SQLITE_ROW)
+        return result;
+    if (version.integer(0) < 0 || version.integer(0) > storeVersion)
+        return SQLITE_NOTADB;
+    SqliteStatement table(database, "SELECT count(*) FROM sqlite_master WHERE name = 'defaults' COLLATE NOCASE");
+    if (const int result = table.step(); result != SQLITE_ROW)
+        return result;
+    hastable = table.integer(0) != 0;
+    if (!hastable)
+        return SQLITE_OK;
+    SqliteStatement probe(database, valueQuery);
+    const int result = probe.step();
+    if (result == SQLITE_ERROR)
+        return SQLITE_NOTADB; // the table lacks the columns
+    return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
+}
+
+bool SqliteStore::create() const
+{
+    const QString folder = QFileInfo(path).absolutePath();
+    if (!makeFolder(folder))
+        return false;
+    // SQLite would let everybody read the file. The journal takes the file's mode.
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0)
+        return false;
+    ::close(file);
+    syncFolder(folder);
+    return true;
+}
+
+bool SqliteStore::isUnusable(int result)
+{
+    if (result == SQLITE_NOTADB)
+        return true;
+    if (result != SQLITE_CORRUPT)
+        return false;
+    SqliteStatement check(database, "PRAGMA integrity_check(1)");
+    const int verdict = check.step();
+    if (verdict == SQLITE_ROW)
+        return check.text(0) != QLatin1String("ok");
+    return verdict == SQLITE_CORRUPT || verdict == SQLITE_NOTADB;
+}
+
+bool SqliteStore::setAside()
+{
+    close();
+    QString aside = path + QStringLiteral(".unusable");
+    for (int number = 2; QFileInfo(aside).isSymLink() || QFileInfo::exists(aside); ++number)
+        aside = path + QStringLiteral(".unusable-%1").arg(number);
+    // The journal first: it would be played back into the next store of this name.
+    for (const QString &companion : {QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")}) {
+        if (QFileInfo::exists(path + companion) && !QFile::rename(path + companion, aside + companion))
+            return false;
+    }
+    if (!QFile::rename(path, aside))
+        return false;
+    syncFolder(QFileInfo(path).absolutePath());
+    return true;
+}
+
+SqliteStore::Value SqliteStore::read(const QString &key)
+{
+    const State state = open();
+    if (state == State::Missing)
+        return {Answer::Absent, {}};
+    if (state == State::Unavailable)
+        return {Answer::Unavailable, {}};
+    if (!hastable)
+        return {Answer::Absent, {}};
+    int result = SQLITE_OK;
+    {
+        SqliteStatement query(database, valueQuery);
+        result = query.bind(1, key).step();
+        if (result == SQLITE_ROW)
+            return {Answer::Found, query.blob(0)};
+    }
+    if (result == SQLITE_DONE)
+        return {Answer::Absent, {}};
+    if (isUnusable(result) && setAside())
+        return {Answer::Absent, {}};
+    close();
+    return {Answer::Unavailable, {}};
+}
+
+bool SqliteStore::write(const QList<Change> &changes)
+{
+    haswaited = false;
+    // A connection that has been open for long may have lost its file, or hold on to an error that is over: what fails
+    // on such a one is tried once more on a new one.
+    bool again = database != nullptr;
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        State state = open();
+        if (state == State::Missing && create())
+            state = open();
+        if (state != State::Ready)
+            return false;
+        const int result = commit(changes);
+        if (result == SQLITE_OK)
+            return true;
+        const bool isaside = isUnusable(result) && setAside();
+        close();
+        again = isaside || (again && result != SQLITE_BUSY);
+        if (!again)
+            return false;
+    }
+    return false;
+}
+
+int SqliteStore::commit(const QList<Change> &changes)
+{
+    int result = execute("BEGIN IMMEDIATE");
+    if (result == SQLITE_OK)
+        result = apply(changes);
+    if (result == SQLITE_OK)
+        result = execute("COMMIT");
+    if (result != SQLITE_OK)
+        execute("ROLLBACK");
+    else
+        hastable = true;
+    return result;
+}
+
+int SqliteStore::apply(const QList<Change> &changes)
+{
+    if (!hastable) {
+        const int result
+            = execute("CREATE TABLE defaults(key TEXT PRIMARY KEY, value BLOB NOT NULL); PRAGMA user_version = 1");
+        if (result != SQLITE_OK)
+            return result;
+    }
+    for (const Change &change : changes) {
+        int result = change.keepformer ? keepFormer(change.key) : SQLITE_OK;
+        if (result == SQLITE_OK)
+            result = put(change.key, change.value);
+        if (result != SQLITE_OK)
+            return result;
+    }
+    return SQLITE_OK;
+}
+
+int SqliteStore::keepFormer(const QString &key)
+{
+    SqliteStatement former(database, valueQuery);
+    int result = former.bind(1, key).step();
+    if (result != SQLITE_ROW)
+        return result == SQLITE_DONE ? SQLITE_OK : result;
+    const QByteArray value = former.blob(0);
+    QString name = key + QStringLiteral(".unread");
+    for (int number = 2;; ++number) {
+        SqliteStatement taken(database, valueQuery);
+        result = taken.bind(1, name).step();
+        if (result == SQLITE_DONE)
+            return put(name, value);
+        if (result != SQLITE_ROW)
+            return result;
+        if (taken.blob(0) == value)
+            return SQLITE_OK;
+        name = key + QStringLiteral(".unread.%1").arg(number);
+    }
+}
+
+int SqliteStore::put(const QString &key, const QByteArray &value)
+{
+    SqliteStatement statement(database,
+        "INSERT INTO defaults(key, value) VALUES(?1, ?2)"
+        " ON CONFLICT(key) DO UPDATE SET value = excluded.value");
+    const int result = statement.bind(1, key).bind(2, value).step();
+    return result == SQLITE_DONE ? SQLITE_OK : result;
+}
+
+int SqliteStore::execute(const char *sql)
+{
+    return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) & 0xff;
+}
