@@ -20,7 +20,7 @@ namespace {
 
 constexpr qint64 storeVersion = 1;
 // How long another process's lock is waited for: long enough for the save of a program that is just ending.
-constexpr int patience = 2000;
+constexpr int patience = 1000;
 
 constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
 
@@ -75,6 +75,10 @@ SqliteStore::State SqliteStore::open()
         return errno == ENOENT ? State::Missing : State::Unavailable;
     if (!S_ISREG(status.st_mode))
         return State::Unavailable;
+    if (status.st_size == 1) // SQLite takes a file of one byte for an empty one
+        return setAside() ? State::Missing : State::Unavailable;
+    device = status.st_dev;
+    inode = status.st_ino;
     int result = sqlite3_open_v2(name.constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, haswaited ? 0 : patience);
@@ -129,6 +133,14 @@ bool SqliteStore::create() const
     ::close(file);
     syncFolder(folder);
     return true;
+}
+
+// SQLite, which keeps its journal open, does not notice that somebody took the file away or put another in its place.
+bool SqliteStore::isReplaced() const
+{
+    struct stat status { };
+    return ::stat(QFile::encodeName(path).constData(), &status) != 0 || status.st_dev != device
+        || status.st_ino != inode;
 }
 
 bool SqliteStore::isUnusable(int result)
@@ -188,6 +200,8 @@ SqliteStore::Value SqliteStore::read(const QString &key)
 bool SqliteStore::write(const QList<Change> &changes)
 {
     haswaited = false;
+    if (database != nullptr && isReplaced())
+        close();
     // A connection that has been open for long may have lost its file, or hold on to an error that is over: what fails
     // on such a one is tried once more on a new one.
     bool again = database != nullptr;

@@ -49,6 +49,7 @@ private:
     State open();
     int examine();
     bool create() const;
+    [[nodiscard]] bool isReplaced() const;
     void close();
     [[nodiscard]] bool isUnusable(int result);
     bool setAside();
@@ -62,5 +63,7 @@ private:
     QString path;
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
+    quint64 device = 0; // where the open file is, whatever its name
+    quint64 inode = 0;
     bool haswaited = false; // a read that met a lock waited for it once
 };
