@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QByteArray>
+
+// What the food search knows about the words that the catalogue's names are made of: which are worth nothing, which
+// tell the everyday form of a food and which a doctored one. Everything else is told from how rare a word is among the
+// names, so the lists are short and hold no food.
+namespace FoodLexicon {
+
+enum class Tone {
+    Ordinary, // tells one food from another, the more the rarer it is
+    Filler, // "and", "with"
+    Plain, // "raw", "whole": what a person means who says no more
+    Neutral, // "enriched", "commercially": every form of a food may be called so
+    Processed, // "dried", "canned", "mix"
+    StandIn // "imitation", "meatless": not the food at all
+};
+
+[[nodiscard]] Tone tone(const QByteArray &word);
+
+// Whether a part of a name that is made of such words alone tells the food's state and not its kind: "cured" in "Pork,
+// cured, bacon", "broilers or fryers" in "Chicken, broilers or fryers, breast".
+[[nodiscard]] bool tellsState(const QByteArray &word);
+
+// Whether a name's first part is where in a shop the food stands and not what it is: "nuts", "fast foods".
+[[nodiscard]] bool isShelf(const QByteArray &part);
+
+// Whether a name with this word is of baby food or of one people's kitchen, wanted only by who asks for it.
+[[nodiscard]] bool isForFew(const QByteArray &word);
+
+// Capitals that are no brand's: fatty acids, an authority.
+[[nodiscard]] bool isAbbreviation(const QByteArray &word);
+
+// Whether a person who finds nothing meant no food by the word: "glass", "of", "some".
+[[nodiscard]] bool isServing(const QByteArray &word);
+
+} // namespace FoodLexicon

@@ -1,0 +1,134 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "catalog/FoodSynonyms.h"
+
+#include <QList>
+
+namespace {
+
+struct Pair {
+    const char *said;
+    const char *meant;
+};
+
+constexpr Pair pairs[] = {
+    // the same thing under another name
+    {"alfalfa sprout", "alfalfa seeds sprouted"},
+    {"aubergine", "eggplant"},
+    {"bean sprout", "mung beans sprouted"},
+    {"beetroot", "beet"},
+    {"bell pepper", "sweet pepper"},
+    {"black eyed pea", "cowpeas"},
+    {"bok choy", "cabbage pak choi"},
+    {"broad bean", "broadbeans"},
+    {"capsicum", "sweet pepper"},
+    {"chilli", "chili"},
+    {"collard green", "collards"},
+    {"coriander", "cilantro"},
+    {"courgette", "zucchini"},
+    {"donut", "doughnut"},
+    {"flapjack", "pancake"},
+    {"gammon", "ham"},
+    {"green onion", "onions spring"},
+    {"groundnut", "peanut"},
+    {"haricot", "navy beans"},
+    {"icing sugar", "sugars powdered"},
+    {"jello", "gelatin desserts"},
+    {"jelly", "gelatin desserts"},
+    {"ketchup", "catsup"},
+    {"lady finger", "okra"},
+    {"linseed", "flaxseed"},
+    {"lychee", "litchis"},
+    {"maize", "corn"},
+    {"mandarin", "tangerine"},
+    {"mangetout", "peas edible podded"},
+    {"milkshake", "milk shakes"},
+    {"omelette", "omelet"},
+    {"polenta", "cornmeal"},
+    {"powdered milk", "milk dry"},
+    {"prawn", "shrimp"},
+    {"rapeseed", "canola"},
+    {"rocket", "arugula"},
+    {"rockmelon", "cantaloupe"},
+    {"satsuma", "tangerine"},
+    {"scone", "biscuit"},
+    {"snap pea", "peas edible podded"},
+    {"snow pea", "peas edible podded"},
+    {"spring onion", "onions spring"},
+    {"spud", "potato"},
+    {"sultana", "raisins"},
+    {"swede", "rutabaga"},
+    {"treacle", "molasses"},
+    {"wholemeal", "whole wheat"},
+    {"yoghourt", "yogurt"},
+    {"yoghurt", "yogurt"},
+    // fast food, snacks and drinks
+    {"bun", "rolls hamburger"},
+    {"burger", "hamburger"},
+    {"chip", "potato chips"},
+    {"chip", "potato french fried"},
+    {"coke", "carbonated cola"},
+    {"crisp", "potato chips"},
+    {"diet", "low calorie"},
+    {"fizzy drink", "carbonated"},
+    {"french fry", "potato french fried"},
+    {"fry", "potato french fried"},
+    {"hot dog", "frankfurter"},
+    {"hotdog", "frankfurter"},
+    {"lemon lime", "lemon lime carbonated"},
+    {"nugget", "chicken nuggets"},
+    {"pop", "carbonated"},
+    {"soda", "carbonated cola"},
+    {"soda", "carbonated"},
+    {"soft drink", "carbonated"},
+    {"toast", "bread toasted"},
+    // the ordinary one of many
+    {"black coffee", "coffee brewed"},
+    {"cherry tomato", "tomatoes red ripe"},
+    {"chop", "pork chops"},
+    {"filet mignon", "beef tenderloin steak"},
+    {"flour", "wheat flour white purpose"},
+    {"greek yogurt", "yogurt plain"},
+    {"green tea", "tea brewed"},
+    {"herbal tea", "tea herb brewed"},
+    {"mince", "ground beef"},
+    {"minced", "ground"},
+    {"oatmeal", "cereals oats"},
+    {"porridge", "cereals oats cooked"},
+    {"red onion", "onions raw"},
+    {"ribeye", "beef rib eye"},
+    {"steak", "beef steak"},
+    // ways of cooking
+    {"baked", "cooked dry heat"},
+    {"baked", "roasted"},
+    {"boiled", "cooked moist heat"},
+    {"fried", "cooked dry heat"},
+    {"grilled", "broiled"},
+    {"grilled", "cooked dry heat"},
+    {"grilled", "roasted"},
+    {"roast", "roasted"},
+    {"roasted", "cooked dry heat"},
+    {"steamed", "boiled"},
+    {"steamed", "cooked moist heat"},
+    {"unsalted", "without salt"},
+};
+
+std::vector<QByteArray> wordsOf(const char *text)
+{
+    const QList<QByteArray> words = QByteArray(text).split(' ');
+    return {words.begin(), words.end()};
+}
+
+} // namespace
+
+const std::vector<FoodSynonym> &foodSynonyms()
+{
+    static const std::vector<FoodSynonym> synonyms = [] {
+        std::vector<FoodSynonym> list;
+        for (const Pair &pair : pairs)
+            list.push_back({wordsOf(pair.said), wordsOf(pair.meant)});
+        return list;
+    }();
+    return synonyms;
+}

@@ -1,0 +1,358 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "catalog/FoodCatalogue.h"
+#include "catalog/FoodQuery.h"
+#include "catalog/FoodSearch.h"
+#include "catalog/FoodSynonyms.h"
+#include "catalog/FoodWords.h"
+
+#include <QFile>
+#include <QRandomGenerator>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+class FoodSearchTest final : public QObject {
+    Q_OBJECT
+
+private:
+    const QStringList names = FoodCatalogue::foodNames();
+    FoodSearch search{names};
+
+    QStringList found(const QString &query, std::size_t most = 5)
+    {
+        QStringList list;
+        for (const int name : search.search(query)) {
+            if (static_cast<std::size_t>(list.size()) == most)
+                break;
+            list << names[name];
+        }
+        return list;
+    }
+
+    // The matched letters of the first hit, the rest as dots.
+    QString lettersOfFirstHit(const QString &query)
+    {
+        const std::vector<int> hits = search.search(query);
+        if (hits.empty())
+            return {};
+        const QString &name = names[hits.front()];
+        QString text(name.size(), u'.');
+        for (const FoodSearch::Letters &letters : search.matchedLetters(hits.front()))
+            text.replace(letters.start, letters.count, name.mid(letters.start, letters.count));
+        return text;
+    }
+
+    static QRegularExpression pattern(const QString &text)
+    {
+        const QString escaped = QRegularExpression::escape(text).replace(QLatin1String("\\*"), QLatin1String(".*"));
+        return QRegularExpression(QRegularExpression::anchoredPattern(escaped));
+    }
+
+private slots:
+    void theFoodMeantIsAmongTheFirstFive_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QStringList>("meant");
+
+        QFile file(QStringLiteral(DATA_DIR "/queries.tsv"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+        for (const QString &line : lines) {
+            if (line.startsWith(u'#'))
+                continue;
+            const QStringList fields = line.split(u'\t');
+            QCOMPARE(fields.size(), 2);
+            QTest::newRow(qPrintable(fields[0])) << fields[0] << fields[1].split(QStringLiteral(" | "));
+        }
+    }
+
+    void theFoodMeantIsAmongTheFirstFive()
+    {
+        QFETCH(QString, query);
+        QFETCH(QStringList, meant);
+
+        const QStringList first = found(query);
+        bool among = false;
+        for (const QString &text : meant) {
+            const QRegularExpression name = pattern(text);
+            QVERIFY2(names.indexOf(name) >= 0, qPrintable(QStringLiteral("no food is called ") + text));
+            among = among || first.indexOf(name) >= 0;
+        }
+        QVERIFY2(among, qPrintable(first.join(u'\n')));
+    }
+
+    void aQueryWithoutAWordFindsAllInCatalogueOrder_data()
+    {
+        QTest::addColumn<QString>("query");
+        for (const char *query : {"", " ", "%", ", - ;", "'", "\u8c46"})
+            QTest::newRow(query) << QString::fromUtf8(query);
+    }
+
+    void aQueryWithoutAWordFindsAllInCatalogueOrder()
+    {
+        QFETCH(QString, query);
+        std::vector<int> all(static_cast<std::size_t>(names.size()));
+        std::iota(all.begin(), all.end(), 0);
+        QVERIFY(search.search(query) == all);
+        QVERIFY(search.matchedLetters(0).empty());
+    }
+
+    // The rule, told naively, against the search: for queries without synonyms the two find the same foods.
+    void findsWhatHoldsTheBeginningsOfAllWords()
+    {
+        QRandomGenerator random(20261121);
+        std::vector<std::vector<FoodWords::Word>> words;
+        for (const QString &name : names)
+            words.push_back(FoodWords::split(name));
+        const auto holds = [&](std::size_t name, const QByteArray &beginning) {
+            const auto others = FoodWords::otherNumbers(beginning);
+            return std::any_of(words[name].begin(), words[name].end(), [&](const FoodWords::Word &word) {
+                return word.text.startsWith(beginning)
+                    || std::find(others.begin(), others.end(), word.text) != others.end();
+            });
+        };
+        int compared = 0;
+        for (int round = 0; round < 600; ++round) {
+            const auto &source = words[random.bounded(static_cast<quint32>(words.size()))];
+            QList<QByteArray> query;
+            for (quint32 left = 1 + random.bounded(3U); left > 0; --left) {
+                const QByteArray &word = source[random.bounded(static_cast<quint32>(source.size()))].text;
+                query << word.left(1 + static_cast<qsizetype>(random.bounded(static_cast<quint32>(word.size()))));
+            }
+            const QString text = QString::fromLatin1(query.join(' ')).toUpper();
+            const std::vector<int> hits = search.search(text);
+            const std::vector<QByteArray> typed(query.begin(), query.end());
+            std::set<int> expected;
+            for (std::size_t name = 0; name < words.size(); ++name) {
+                if (std::all_of(typed.begin(), typed.end(), [&](const auto &word) { return holds(name, word); }))
+                    expected.insert(static_cast<int>(name));
+            }
+            const std::set<int> answered(hits.begin(), hits.end());
+            QCOMPARE(answered.size(), hits.size());
+            QVERIFY2(
+                std::includes(answered.begin(), answered.end(), expected.begin(), expected.end()), qPrintable(text));
+            compared += answered == expected ? 1 : 0;
+        }
+        QVERIFY2(compared > 400, "most queries have no other reading");
+    }
+
+    void theOrderOfTheWordsAndTheirCaseDoNotMatter()
+    {
+        const std::vector<int> hits = search.search(QStringLiteral("cheddar cheese"));
+        QVERIFY(!hits.empty());
+        QVERIFY(search.search(QStringLiteral("CHEESE  Cheddar")) == hits);
+        QVERIFY(search.search(QStringLiteral("cheese, cheddar!")) == hits);
+    }
+
+    void aWordTwiceIsAWordOnce()
+    {
+        const std::vector<int> hits = search.search(QStringLiteral("egg"));
+        QVERIFY(search.search(QStringLiteral("egg egg EGG")) == hits);
+    }
+
+    void accentsAreTakenAsPlainLetters()
+    {
+        const std::vector<int> hits = search.search(QStringLiteral("creme"));
+        QVERIFY(!hits.empty());
+        QVERIFY(search.search(QStringLiteral("crème")) == hits);
+    }
+
+    void aNameFindsItsFood_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const int number : {0, 13, 19, 1234, 4711, 7800})
+            QTest::newRow(qPrintable(names[number])) << names[number];
+        QTest::newRow("the shortest") << QStringLiteral("Poi");
+        QTest::newRow("an ampersand") << QStringLiteral("McDONALD'S, Fruit & Walnut Salad");
+        QTest::newRow("an apostrophe") << QStringLiteral("Cereals ready-to-eat, QUAKER, CAP'N CRUNCH");
+    }
+
+    void aNameFindsItsFood()
+    {
+        QFETCH(QString, name);
+        QVERIFY(names.contains(name));
+        QCOMPARE(found(name).value(0), name);
+    }
+
+    void brandsAndBabyFoodsComeLastUnlessAskedFor()
+    {
+        QVERIFY(found(QStringLiteral("carrots"), 20).filter(QStringLiteral("Babyfood")).isEmpty());
+        QVERIFY(found(QStringLiteral("babyfood carrots")).value(0).startsWith(QLatin1String("Babyfood")));
+        QVERIFY(!found(QStringLiteral("cheeseburger")).value(0).contains(QLatin1String("McDONALD'S")));
+        QCOMPARE(found(QStringLiteral("mcdonalds cheeseburger")).value(0), QStringLiteral("McDONALD'S, Cheeseburger"));
+    }
+
+    void meatlessBaconComesAfterBacon()
+    {
+        QVERIFY(!found(QStringLiteral("bacon")).contains(QStringLiteral("Bacon, meatless")));
+        QCOMPARE(found(QStringLiteral("meatless bacon")).value(0), QStringLiteral("Bacon, meatless"));
+    }
+
+    void aWordInNoNameIsTakenAsMisspelt_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("meant");
+
+        const auto row = [](const char *name, const char *typed, const char *meant) {
+            QTest::newRow(name) << QString::fromLatin1(typed) << QString::fromLatin1(meant);
+        };
+        row("a letter too many", "bannana", "banana");
+        row("a letter too few", "spinch", "spinach");
+        row("a wrong letter", "cheddor", "cheddar");
+        row("two letters swapped", "slamon", "salmon");
+        row("four letters", "mlik", "milk");
+        row("two slips in eight letters", "brocolli", "broccoli");
+        row("the beginning of a long word", "mozare", "mozzarella");
+        row("one word of two", "chiken breast", "chicken breast");
+    }
+
+    void aWordInNoNameIsTakenAsMisspelt()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, meant);
+        const QStringList first = found(typed);
+        QVERIFY(!first.isEmpty());
+        QCOMPARE(first.value(0), found(meant).value(0));
+    }
+
+    void threeLettersAreNotRepaired() { QVERIFY(found(QStringLiteral("xgg")).isEmpty()); }
+
+    void twoSlipsInSevenLettersAreTooMany() { QVERIFY(found(QStringLiteral("slamnon")).isEmpty()); }
+
+    void aWordThatIsInSomeNameIsNotRepaired()
+    {
+        // "Poi" is a food, so nobody is offered poisson or pork for it.
+        QCOMPARE(found(QStringLiteral("poi")).value(0), QStringLiteral("Poi"));
+        const QStringList hits = found(QStringLiteral("poi"), 10000);
+        QCOMPARE(
+            hits.filter(QRegularExpression(QStringLiteral("\\bpoi"), QRegularExpression::CaseInsensitiveOption)), hits);
+    }
+
+    void everySynonymFindsSomething_data()
+    {
+        QTest::addColumn<QString>("said");
+        QTest::addColumn<QString>("meant");
+        for (const FoodSynonym &synonym : foodSynonyms()) {
+            const QByteArray said = QByteArrayList(synonym.said.begin(), synonym.said.end()).join(' ');
+            const QByteArray meant = QByteArrayList(synonym.meant.begin(), synonym.meant.end()).join(' ');
+            QTest::newRow((said + " for " + meant).constData())
+                << QString(QLatin1String(said)) << QString(QLatin1String(meant));
+        }
+    }
+
+    void everySynonymFindsSomething()
+    {
+        QFETCH(QString, said);
+        QFETCH(QString, meant);
+        std::vector<int> wanted = search.search(meant);
+        QVERIFY(!wanted.empty());
+        std::vector<int> hits = search.search(said);
+        std::sort(wanted.begin(), wanted.end());
+        std::sort(hits.begin(), hits.end());
+        std::vector<int> both;
+        std::set_intersection(wanted.begin(), wanted.end(), hits.begin(), hits.end(), std::back_inserter(both));
+        QVERIFY(!both.empty());
+    }
+
+    void theBeginningOfASynonymIsEnough()
+    {
+        QCOMPARE(found(QStringLiteral("aubergi")), found(QStringLiteral("aubergine")));
+        QCOMPARE(found(QStringLiteral("aubergines")), found(QStringLiteral("aubergine")));
+    }
+
+    void oneWordForTwoAndTwoForOne()
+    {
+        QCOMPARE(found(QStringLiteral("cornflakes")), found(QStringLiteral("corn flakes")));
+        QVERIFY(found(QStringLiteral("soy milk")).value(0).startsWith(QLatin1String("Soymilk")));
+    }
+
+    void wordsThatTellAHelpingAreLeftOutWhenNothingHasThem()
+    {
+        QCOMPARE(found(QStringLiteral("a cup of tea")), found(QStringLiteral("tea")));
+        QVERIFY(search.search(QStringLiteral("a cup of xyzzy")).empty());
+    }
+
+    void noFoodHasAllTheWords()
+    {
+        QVERIFY(search.search(QStringLiteral("xyzzyplugh")).empty());
+        QVERIFY(search.search(QStringLiteral("milk xyzzyplugh")).empty());
+        QVERIFY(search.search(QStringLiteral("butter tequila")).empty());
+        QVERIFY(search.matchedLetters(0).empty());
+    }
+
+    void hostileQueriesFindNothingMuchAndEnd_data()
+    {
+        QTest::addColumn<QString>("query");
+        QString alphabet;
+        for (int i = 0; i < 5000; ++i)
+            alphabet += QString(QChar(u'a' + i % 26)) + QString::number(i) + u' ';
+        QTest::newRow("10,000 letters") << QString(10000, u'a');
+        QTest::newRow("10,000 blanks and a letter") << QString(10000, u' ') + u'a';
+        QTest::newRow("5,000 words") << alphabet;
+        QTest::newRow("one-letter words") << QStringLiteral("a b c d e f g h i j k l m n o p q r s t u v w x y z");
+        QTest::newRow("every beginning of a long word") << QStringLiteral(
+            "s st str stra straw strawb strawbe strawber strawberr strawberri strawberrie strawberries");
+        QTest::newRow("misspelt words") << QStringLiteral("xhicken ").repeated(60);
+        QTest::newRow("surrogates and NUL") << QString::fromUtf16(u"\xd800\xdc00 \xd800 \xdfff") + QChar(u'\0');
+    }
+
+    void hostileQueriesFindNothingMuchAndEnd()
+    {
+        QFETCH(QString, query);
+        const std::vector<int> hits = search.search(query);
+        QVERIFY(hits.size() <= static_cast<std::size_t>(names.size()));
+        for (const int name : hits)
+            (void)search.matchedLetters(name);
+    }
+
+    void tellsTheLettersThatMatched_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("letters");
+
+        const auto row = [](const char *name, const char *query, const char *letters) {
+            QTest::newRow(name) << QString::fromLatin1(query) << QString::fromLatin1(letters);
+        };
+        row("a whole word", "zwieback", "Zwieback");
+        row("a beginning", "zwie", "Zwie....");
+        row("the plural of what was typed", "rutabaga", "Rutabagas.....");
+        row("two words, as they stand in the name", "raw rutaba", "Rutaba.....raw");
+        row("a misspelt word", "zwiebak", "Zwieback");
+        row("a synonym", "aubergine", "Eggplant.....");
+        row("words with and without an apostrophe", "kelloggs crispix",
+            "......................KELLOGG..KELLOGG'S.CRISPIX");
+        row("the beginning of a word over its apostrophe", "obri home", "..........o'bri....home.........");
+    }
+
+    void tellsTheLettersThatMatched()
+    {
+        QFETCH(QString, query);
+        QTEST(lettersOfFirstHit(query), "letters");
+    }
+
+    void theSameQueryAnswersTheSame()
+    {
+        const std::vector<int> hits = search.search(QStringLiteral("chicken soup"));
+        (void)search.search(QStringLiteral("banana"));
+        QVERIFY(search.search(QStringLiteral("chicken soup")) == hits);
+    }
+
+    void searchesOtherNamesToo()
+    {
+        FoodSearch few(
+            {QStringLiteral("Bread, rye"), QString(), QStringLiteral("Rye"), QStringLiteral("(odd), ,, ()")});
+        QVERIFY((few.search(QStringLiteral("rye")) == std::vector<int>{2, 0}));
+        QVERIFY((few.search(QStringLiteral("odd")) == std::vector<int>{3}));
+        QVERIFY((few.search(QString()) == std::vector<int>{0, 1, 2, 3}));
+        FoodSearch none({});
+        QVERIFY(none.search(QStringLiteral("rye")).empty());
+    }
+};
+
+QTEST_APPLESS_MAIN(FoodSearchTest)
+#include "tst_foodsearch.moc"
