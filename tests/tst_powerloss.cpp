@@ -1,0 +1,295 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "platform/SqliteStatement.h"
+#include "platform/UserDefaults.h"
+#include "support/FaultyVfs.h"
+
+#include <QtTest>
+
+#include <sqlite3.h>
+
+using Fault = FaultyVfs::Fault;
+using Count = FaultyVfs::Count;
+using Survivors = FaultyVfs::Survivors;
+
+namespace {
+
+const QString today = QStringLiteral("2015_05_11");
+const QString yesterday = QStringLiteral("2015_05_10");
+const QString rdas = QStringLiteral("RDAs");
+
+// A day of so many records; different numbers give different days.
+QVariant dayOf(int records, int number)
+{
+    QVariantList list;
+    for (int i = 0; i < records; ++i)
+        list.append(QByteArray::number(number * 1000 + i).repeated(40));
+    return list;
+}
+
+QVariant rdasOf(float first)
+{
+    QVariantList list(61, 1.5F);
+    list[0] = first;
+    return list;
+}
+
+// Everything that the tests store, in the state of that number.
+struct Contents {
+    QVariant yesterdaylog;
+    QVariant todaylog;
+    QVariant rdalist;
+
+    bool operator==(const Contents &) const = default;
+
+    static Contents numbered(int number)
+    {
+        return {dayOf(20, 1), dayOf(20 + 15 * number, number), rdasOf(2000.0F + float(number))};
+    }
+
+    static Contents of(const UserDefaults &defaults)
+    {
+        return {defaults.objectForKey(yesterday), defaults.objectForKey(today), defaults.objectForKey(rdas)};
+    }
+};
+
+// What the program saves when it ends.
+bool save(UserDefaults &defaults, const Contents &contents)
+{
+    UserDefaults::Transaction transaction(defaults);
+    defaults.setObject(contents.rdalist, rdas);
+    defaults.setObject(contents.todaylog, today);
+    return transaction.commit();
+}
+
+QString integrity(const QString &path)
+{
+    sqlite3 *database = nullptr;
+    sqlite3_open(path.toUtf8().constData(), &database);
+    QString verdict;
+    {
+        SqliteStatement check(database, "PRAGMA integrity_check");
+        verdict = check.step() == SQLITE_ROW ? check.text(0) : QString();
+    }
+    sqlite3_close(database);
+    return verdict;
+}
+
+} // namespace
+
+// Cuts the power, fills the disk and breaks reads and writes at each operation of a save in turn.
+class PowerLossTest final : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<QTemporaryDir> home;
+    QString folder;
+    QString path;
+
+    // A store in the first state, safely on the disk.
+    void layOut()
+    {
+        home = std::make_unique<QTemporaryDir>();
+        folder = home->filePath(QStringLiteral("provender"));
+        path = folder + QStringLiteral("/preferences.sqlite");
+        UserDefaults defaults(path);
+        const Contents first = Contents::numbered(1);
+        defaults.setObject(first.yesterdaylog, yesterday);
+        QVERIFY(save(defaults, first));
+    }
+
+    [[nodiscard]] QStringList files() const { return QDir(folder).entryList(QDir::Files | QDir::Hidden); }
+
+    // The store holds the first state or the second, and works: what a reader leaves of a journal is gone after the
+    // next save.
+    void verifyOldOrNew(int operation)
+    {
+        const Contents found = Contents::of(UserDefaults(path));
+        const bool isold = found == Contents::numbered(1);
+        QVERIFY2(isold || found == Contents::numbered(2), qPrintable(QString::number(operation)));
+        QCOMPARE(integrity(path), QStringLiteral("ok"));
+        (isold ? oldstates : newstates) += 1;
+        {
+            UserDefaults defaults(path);
+            QVERIFY(save(defaults, Contents::numbered(3)));
+        }
+        QCOMPARE(files().join(u' '), QStringLiteral("preferences.sqlite"));
+    }
+
+    int oldstates = 0;
+    int newstates = 0;
+
+private slots:
+    void init()
+    {
+        oldstates = 0;
+        newstates = 0;
+    }
+    void cleanup() { home.reset(); }
+
+    void aPowerCutLeavesTheLastSaveEntirelyOrNotAtAll_data()
+    {
+        QTest::addColumn<int>("survivors");
+        QTest::addColumn<int>("seeds");
+        QTest::addColumn<bool>("afterearlier");
+        QTest::newRow("every unsynced write is lost") << int(Survivors::None) << 1 << false;
+        QTest::newRow("every unsynced write survives") << int(Survivors::All) << 1 << false;
+        QTest::newRow("some unsynced writes survive") << int(Survivors::Some) << 5 << false;
+        QTest::newRow("some survive a later save of the run") << int(Survivors::Some) << 5 << true;
+    }
+
+    void aPowerCutLeavesTheLastSaveEntirelyOrNotAtAll()
+    {
+        QFETCH(int, survivors);
+        QFETCH(int, seeds);
+        QFETCH(bool, afterearlier);
+        for (int seed = 0; seed < seeds; ++seed) {
+            bool isfinished = false;
+            for (int operation = 1; !isfinished; ++operation) {
+                layOut();
+                FaultyVfs disk;
+                {
+                    UserDefaults defaults(path);
+                    if (afterearlier)
+                        QVERIFY(save(defaults, Contents::numbered(1)));
+                    disk.arm(Fault::PowerCut, operation, true);
+                    isfinished = save(defaults, Contents::numbered(2)) && !disk.hasStruck();
+                    // Where the save came through, the power fails right behind it.
+                    if (isfinished)
+                        disk.arm(Fault::PowerCut, 1, true, Count::Everything);
+                }
+                disk.restart(Survivors(survivors), quint32(seed * 1000 + operation));
+                if (isfinished)
+                    QVERIFY2(Contents::of(UserDefaults(path)) == Contents::numbered(2), "a finished save lasts");
+                verifyOldOrNew(operation);
+                if (QTest::currentTestFailed())
+                    return;
+            }
+        }
+        QVERIFY2(oldstates > 5 * seeds, "too few cuts inside the save");
+        QVERIFY(newstates > 0);
+    }
+
+    void aPowerCutDuringTheFirstSaveLeavesItEntirelyOrNotAtAll()
+    {
+        bool isfinished = false;
+        int cuts = 0;
+        for (int operation = 1; !isfinished; ++operation) {
+            home = std::make_unique<QTemporaryDir>();
+            folder = home->filePath(QStringLiteral("provender"));
+            path = folder + QStringLiteral("/preferences.sqlite");
+            FaultyVfs disk;
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault::PowerCut, operation, true);
+                isfinished = save(defaults, Contents::numbered(1)) && !disk.hasStruck();
+                if (isfinished)
+                    disk.arm(Fault::PowerCut, 1, true, Count::Everything);
+            }
+            disk.restart(Survivors::Some, quint32(operation));
+            UserDefaults defaults(path);
+            const bool isthere = defaults.objectForKey(today).isValid();
+            QCOMPARE(defaults.objectForKey(today), isthere ? Contents::numbered(1).todaylog : QVariant());
+            QCOMPARE(defaults.objectForKey(rdas), isthere ? Contents::numbered(1).rdalist : QVariant());
+            QVERIFY(isthere || !isfinished);
+            QVERIFY(save(defaults, Contents::numbered(2)));
+            QVERIFY(!files().contains(QStringLiteral("preferences.sqlite.unusable")));
+            ++cuts;
+        }
+        QVERIFY(cuts > 5);
+    }
+
+    void aPowerCutWhileAnEarlierOneIsRepairedLosesNothing()
+    {
+        // The first cut leaves a journal that the next start plays back; the second cut hits that start.
+        bool isfinished = false;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            FaultyVfs disk;
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault::PowerCut, 13, true);
+                QVERIFY(!save(defaults, Contents::numbered(2)));
+            }
+            disk.restart(Survivors::All);
+            {
+                const UserDefaults defaults(path);
+                disk.arm(Fault::PowerCut, operation, true);
+                static_cast<void>(defaults.objectForKey(today));
+                isfinished = !disk.hasStruck();
+            }
+            disk.restart(Survivors::Some, quint32(operation));
+            QCOMPARE(Contents::of(UserDefaults(path)), Contents::numbered(1));
+            QVERIFY(!isfinished || operation > 3);
+        }
+    }
+
+    void whatAFaultKeptFromTheDiskIsWrittenLater_data()
+    {
+        QTest::addColumn<int>("fault");
+        QTest::addColumn<bool>("lasting");
+        QTest::addColumn<int>("count");
+        QTest::newRow("one write finds the disk full") << int(Fault::DiskFull) << false << int(Count::Writing);
+        QTest::newRow("the disk is full from a write on") << int(Fault::DiskFull) << true << int(Count::Writing);
+        QTest::newRow("one write fails") << int(Fault::InputOutput) << false << int(Count::Writing);
+        QTest::newRow("writes fail from one on") << int(Fault::InputOutput) << true << int(Count::Writing);
+        QTest::newRow("one operation fails") << int(Fault::InputOutput) << false << int(Count::Everything);
+        QTest::newRow("all operations fail from one on") << int(Fault::InputOutput) << true << int(Count::Everything);
+    }
+
+    void whatAFaultKeptFromTheDiskIsWrittenLater()
+    {
+        QFETCH(int, fault);
+        QFETCH(bool, lasting);
+        QFETCH(int, count);
+        int hits = 0;
+        bool isfinished = false;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            FaultyVfs disk;
+            const Contents last = Contents::numbered(3);
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault(fault), operation, lasting, Count(count));
+                static_cast<void>(defaults.objectForKey(today));
+                defaults.setObject(Contents::numbered(2).todaylog, today);
+                QCOMPARE(defaults.objectForKey(today), Contents::numbered(2).todaylog);
+                defaults.setObject(last.todaylog, today); // edited again
+                QCOMPARE(defaults.objectForKey(today), last.todaylog);
+                isfinished = !disk.hasStruck();
+                hits += isfinished ? 0 : 1;
+                disk.disarm();
+                QVERIFY(save(defaults, last)); // the program quits
+                QVERIFY(defaults.synchronize());
+            }
+            QCOMPARE(Contents::of(UserDefaults(path)), last);
+            QCOMPARE(integrity(path), QStringLiteral("ok"));
+            QCOMPARE(files().join(u' '), QStringLiteral("preferences.sqlite")); // an error is no damage
+        }
+        QVERIFY2(hits > 10, "too few operations failed");
+    }
+
+    void aFaultDuringTheLastSaveLeavesAllOrNothing()
+    {
+        bool isfinished = false;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            FaultyVfs disk;
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault::DiskFull, operation, true);
+                isfinished = save(defaults, Contents::numbered(2));
+            }
+            disk.disarm();
+            verifyOldOrNew(operation);
+            if (QTest::currentTestFailed())
+                return;
+        }
+        QVERIFY(oldstates > 5);
+        QVERIFY(newstates > 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(PowerLossTest)
+#include "tst_powerloss.moc"
