@@ -47,6 +47,9 @@ public:
     [[nodiscard]] virtual QColor highlightColorWithFrame(const QRectF &frame, const QStyleOptionViewItem &option) const;
     virtual void drawWithFrame(QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option) const;
 
+    // Whether it may paint beyond its frame's right edge.
+    [[nodiscard]] virtual bool paintsPastFrame() const { return false; }
+
 protected:
     // The room left free on either side of the text.
     [[nodiscard]] static qreal margin(const QStyleOptionViewItem &option);

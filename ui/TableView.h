@@ -6,6 +6,7 @@
 #include "ui/TableCell.h"
 
 #include <QList>
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QString>
 #include <QTableView>
@@ -15,6 +16,7 @@
 
 class CellDelegate;
 class QMenu;
+class QPainter;
 class RowSelectionModel;
 class TableModel;
 class TableViewDataSource;
@@ -75,6 +77,9 @@ public:
     // Shown, and told as the table's description, in place of the rows when there are none.
     void setPlaceholderText(const QString &text);
 
+    // Letters move nowhere: Qt's search would ask for the values of every row.
+    void keyboardSearch(const QString &search) override;
+
 signals:
     // An editor has delivered a changed text and has closed.
     void editingEnded();
@@ -84,6 +89,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -91,22 +97,29 @@ protected slots:
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
 
 private:
+    [[nodiscard]] QWidget *openEditor() const;
     bool editRow(int row);
-    void leaveEditor(bool forward);
     bool openMenu(const QModelIndex &index);
     void closeMenu();
+    void paintPlaceholder(QPainter &painter) const;
+    void paintBlockRules(QPainter &painter, const QRect &exposed) const;
+    void paintPastLastColumn(QPainter &painter, const QRect &exposed) const;
+    [[nodiscard]] int lastRowAbove(int y) const;
     void selectionDidChange();
     void ensureCurrent();
     void updateRowHeight();
     void updateDescription();
     void refreshRow(int row);
+    void refreshRows(int first, int last);
 
     TableModel *tablemodel;
     RowSelectionModel *rowselection;
     CellDelegate *celldelegate;
-    QPointer<QMenu> menu;
+    TableViewDelegate *tabledelegate = nullptr;
     std::function<bool(int)> startsblock;
     QString placeholder;
-    bool delivered = false;
+    QPointer<QMenu> menu;
+    QPersistentModelIndex editing; // the cell whose editor is open
+    bool delivered = false; // by the open editor
     bool reloading = false;
 };

@@ -27,6 +27,7 @@ public:
     void setBackgroundColor(const QColor &backgroundcolor) { color = backgroundcolor; }
 
     void clear() override;
+    [[nodiscard]] bool paintsPastFrame() const override { return true; }
 
     // What a ratio looks like, for the cell and for a picture's legend: red 1, green and blue 1 - 0.6 p, pinned to
     // what a screen has. The ratio is above 0.
