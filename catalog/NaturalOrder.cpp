@@ -57,48 +57,48 @@ private:
 
 // Both stand at a digit and are left behind their runs of digits. The longer run without its leading zeros is the
 // larger number; of two as long, the first digit that differs decides.
-std::weak_ordering compareNumbers(FileName &left, FileName &right)
+int compareNumbers(FileName &left, FileName &right)
 {
     for (FileName *side : {&left, &right}) {
         while (side->atDigit() && side->current() == u'0')
             side->advance();
     }
-    std::weak_ordering order = std::weak_ordering::equivalent;
+    int order = 0;
     while (left.atDigit() && right.atDigit()) {
         if (order == 0)
-            order = left.current() <=> right.current();
+            order = left.current() - right.current();
         left.advance();
         right.advance();
     }
     if (left.atDigit() || right.atDigit())
-        return left.atDigit() ? std::weak_ordering::greater : std::weak_ordering::less;
+        return left.atDigit() ? 1 : -1;
     return order;
 }
 
-std::weak_ordering compare(FileName left, FileName right)
+int compare(FileName left, FileName right)
 {
     while (!left.atEnd() && !right.atEnd()) {
         if (left.atDigit() && right.atDigit()) {
-            if (const auto order = compareNumbers(left, right); order != 0)
+            if (const int order = compareNumbers(left, right); order != 0)
                 return order;
             continue;
         }
-        if (const auto order = left.rank() <=> right.rank(); order != 0)
+        if (const int order = left.rank() - right.rank(); order != 0)
             return order;
         left.advance();
         right.advance();
     }
-    return right.atEnd() <=> left.atEnd();
+    return int(right.atEnd()) - int(left.atEnd());
 }
 
 } // namespace
 
-std::weak_ordering NaturalOrder::compareFileNames(QStringView left, QStringView right)
+int NaturalOrder::compareFileNames(QStringView left, QStringView right)
 {
     return compare({left, {}}, {right, {}});
 }
 
-std::weak_ordering NaturalOrder::compareFoodNames(QStringView left, QStringView right)
+int NaturalOrder::compareFoodNames(QStringView left, QStringView right)
 {
     return compare({left, u".xml"}, {right, u".xml"});
 }

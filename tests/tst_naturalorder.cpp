@@ -10,7 +10,7 @@
 
 namespace {
 
-int sign(std::weak_ordering order)
+int sign(int order)
 {
     return order < 0 ? -1 : (order > 0 ? 1 : 0);
 }
