@@ -48,6 +48,18 @@ bool makeFolder(const QString &folder)
     return true;
 }
 
+// What the name stands for, without its times: a file whose times were looked at gets a new one with its next write,
+// and a save, which has to put that on the disk too, then takes a quarter longer.
+bool look(const QByteArray &name, struct statx &status)
+{
+    return ::statx(AT_FDCWD, name.constData(), 0, STATX_TYPE | STATX_INO | STATX_SIZE, &status) == 0;
+}
+
+SqliteStore::Identity identityOf(const struct statx &status)
+{
+    return {status.stx_dev_major, status.stx_dev_minor, status.stx_ino};
+}
+
 } // namespace
 
 SqliteStore::SqliteStore(const QString &storePath)
@@ -70,15 +82,14 @@ SqliteStore::State SqliteStore::open()
     if (database != nullptr)
         return State::Ready;
     const QByteArray name = QFile::encodeName(path);
-    struct stat status { };
-    if (::stat(name.constData(), &status) != 0)
+    struct statx status { };
+    if (!look(name, status))
         return errno == ENOENT ? State::Missing : State::Unavailable;
-    if (!S_ISREG(status.st_mode))
+    if (!S_ISREG(status.stx_mode))
         return State::Unavailable;
-    if (status.st_size == 1) // SQLite takes a file of one byte for an empty one
+    if (status.stx_size == 1) // SQLite takes a file of one byte for an empty one
         return setAside() ? State::Missing : State::Unavailable;
-    device = status.st_dev;
-    inode = status.st_ino;
+    identity = identityOf(status);
     int result = sqlite3_open_v2(name.constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, haswaited ? 0 : patience);
@@ -138,9 +149,8 @@ bool SqliteStore::create() const
 // SQLite, which keeps its journal open, does not notice that somebody took the file away or put another in its place.
 bool SqliteStore::isReplaced() const
 {
-    struct stat status { };
-    return ::stat(QFile::encodeName(path).constData(), &status) != 0 || status.st_dev != device
-        || status.st_ino != inode;
+    struct statx status { };
+    return !look(QFile::encodeName(path), status) || identityOf(status) != identity;
 }
 
 bool SqliteStore::isUnusable(int result)
@@ -279,8 +289,7 @@ int SqliteStore::keepFormer(const QString &key)
 int SqliteStore::put(const QString &key, const QByteArray &value)
 {
     SqliteStatement statement(database,
-        "INSERT INTO defaults(key, value) VALUES(?1, ?2)"
-        " ON CONFLICT(key) DO UPDATE SET value = excluded.value");
+        "INSERT INTO defaults(key, value) VALUES(?1, ?2) ON CONFLICT(key) DO UPDATE SET value = excluded.value");
     const int result = statement.bind(1, key).bind(2, value).step();
     return result == SQLITE_DONE ? SQLITE_OK : result;
 }

@@ -38,6 +38,14 @@ public:
         bool keepformer = false;
     };
 
+    // A file, by whatever name.
+    struct Identity {
+        quint32 major = 0;
+        quint32 minor = 0;
+        quint64 inode = 0;
+        bool operator==(const Identity &) const = default;
+    };
+
     // Unavailable means that nobody can tell now whether there is a value.
     [[nodiscard]] Value read(const QString &key);
     // All of the changes or none; false when none was made.
@@ -63,7 +71,6 @@ private:
     QString path;
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
-    quint64 device = 0; // where the open file is, whatever its name
-    quint64 inode = 0;
+    Identity identity; // the file that is open, whatever its name
     bool haswaited = false; // a read that met a lock waited for it once
 };
