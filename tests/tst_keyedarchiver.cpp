@@ -149,6 +149,23 @@ private slots:
         QCOMPARE(archive->string(archive->element(classes, 1)).value(), QStringLiteral("NSObject"));
     }
 
+    void theRecordInTheFormatsDocumentIsWhatIsWritten()
+    {
+        QFile document(QStringLiteral(SOURCE_DIR "/docs/formats.md"));
+        QVERIFY(document.open(QIODevice::ReadOnly));
+        const QByteArray text = document.readAll();
+        const QByteArray fence("291 bytes:\n\n```\n");
+        const qsizetype begin = text.indexOf(fence) + fence.size();
+        const QByteArray shown = QByteArray::fromHex(text.mid(begin, text.indexOf("```", begin) - begin));
+
+        KeyedArchiver coder(food);
+        coder.encodeString(QStringLiteral("Apples, raw, with skin"), name);
+        coder.encodeFloat(100.0F, amount);
+        coder.encodeString(QStringLiteral("g"), unit);
+        coder.encodeInt(0, unitidx);
+        QCOMPARE(shown.toHex(), coder.archivedData().toHex());
+    }
+
     void recordsOfAnotherArchiverAreRead()
     {
         const auto apple = KeyedUnarchiver::unarchive(record(QStringLiteral("apple.record")), food);
