@@ -29,7 +29,7 @@ SqliteStatement &SqliteStatement::bind(int place, const QString &text)
     const QByteArray utf8 = text.toUtf8();
     if (result == SQLITE_OK)
         result = primaryCode(sqlite3_bind_text64(statement, place, utf8.constData(),
-            static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8)); // NOLINT
+            static_cast<sqlite3_uint64>(utf8.size()), SQLITE_TRANSIENT, SQLITE_UTF8));
     return *this;
 }
 
@@ -37,7 +37,7 @@ SqliteStatement &SqliteStatement::bind(int place, const QByteArray &blob)
 {
     if (result == SQLITE_OK)
         result = primaryCode(sqlite3_bind_blob64(
-            statement, place, blob.constData(), static_cast<sqlite3_uint64>(blob.size()), SQLITE_TRANSIENT)); // NOLINT
+            statement, place, blob.constData(), static_cast<sqlite3_uint64>(blob.size()), SQLITE_TRANSIENT));
     return *this;
 }
 
