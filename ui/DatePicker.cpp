@@ -3,9 +3,14 @@
 
 #include "ui/DatePicker.h"
 
-#include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QKeyEvent>
 #include <QLocale>
+#include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <ctime>
@@ -97,6 +102,7 @@ DatePicker::DatePicker(QWidget *parent)
     setDisplayFormat(displayFormatOf(locale()));
     setCalendarPopup(true);
     setKeyboardTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
     setDateValue(QDateTime::currentDateTimeUtc());
     connect(this, &QDateEdit::dateChanged, this, &DatePicker::choose);
 }
@@ -119,7 +125,13 @@ QDate DatePicker::localDate(const QDateTime &instant)
 QDateTime DatePicker::dayBefore(const QDateTime &instant)
 {
     const QDate date = localDate(instant);
-    return date > firstDate() ? onDate(instant, date.addDays(-1)) : instant.toUTC();
+    // A zone that moved across the date line left a whole day out, whose every time is one of the day after it.
+    for (QDate earlier = date.addDays(-1); earlier >= firstDate(); earlier = earlier.addDays(-1)) {
+        const QDateTime found = onDate(instant, earlier);
+        if (localDate(found) < date)
+            return found;
+    }
+    return instant.toUTC();
 }
 
 QDateTime DatePicker::dayAfter(const QDateTime &instant)
@@ -128,8 +140,42 @@ QDateTime DatePicker::dayAfter(const QDateTime &instant)
     return date < lastDate() ? onDate(instant, date.addDays(1)) : instant.toUTC();
 }
 
+void DatePicker::keyPressEvent(QKeyEvent *event)
+{
+    if ((event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier) || event->key() == Qt::Key_F4)
+        openCalendar();
+    else
+        QDateEdit::keyPressEvent(event);
+}
+
+void DatePicker::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+// Qt opens the calendar for a press on the arrow alone.
+void DatePicker::openCalendar()
+{
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.subControls = QStyle::SC_All;
+    option.editable = true;
+    const QPointF arrow
+        = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
+    QMouseEvent press(
+        QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    mousePressEvent(&press);
+}
+
 void DatePicker::choose(QDate date)
 {
-    instant = onDate(instant, date);
-    emit dateChosen();
+    // Qt also sends the date it goes back to when what was typed is no date, and a date may not exist in the zone.
+    const QDate before = localDate(instant);
+    if (date != before)
+        setDateValue(onDate(instant, date));
+    if (localDate(instant) != before)
+        emit dateChosen();
 }

@@ -37,7 +37,12 @@ signals:
     // The action: the user chose another date. dateValue() has it.
     void dateChosen();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
 private:
+    void openCalendar();
     void choose(QDate date);
 
     QDateTime instant;

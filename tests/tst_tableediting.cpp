@@ -1,0 +1,610 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/LogTable.h"
+
+#include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QVBoxLayout>
+#include <QtTest>
+
+namespace {
+
+constexpr auto fatal = QAbstractItemModelTester::FailureReportingMode::QtTest;
+constexpr int name = 0;
+constexpr int amount = 1;
+constexpr int unit = 2;
+constexpr int energy = 3;
+
+QStringList none()
+{
+    return {};
+}
+
+} // namespace
+
+class TableEditingTest final : public QObject {
+    Q_OBJECT
+
+private:
+    LogSource source;
+    std::unique_ptr<QWidget> window;
+    QLineEdit *before = nullptr;
+    TableView *table = nullptr;
+    QLineEdit *after = nullptr;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+
+    void forget()
+    {
+        source.notes.clear();
+        source.asked.clear();
+        source.prepared.clear();
+        source.proposals.clear();
+    }
+
+    void makeCurrent(int row, int column)
+    {
+        table->selectionModel()->setCurrentIndex(cellAt(*table, row, column), QItemSelectionModel::NoUpdate);
+    }
+
+    // The open editor, or null.
+    QLineEdit *editor() const
+    {
+        for (QLineEdit *line : table->findChildren<QLineEdit *>()) {
+            if (line->isVisible())
+                return line;
+        }
+        return nullptr;
+    }
+
+    int editedRow() const { return editor() == nullptr ? -1 : table->indexAt(editor()->geometry().center()).row(); }
+
+    void type(const char *keys) { QTest::keyClicks(qApp->focusWidget(), QString::fromLatin1(keys)); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(qApp->focusWidget(), key, modifiers);
+    }
+
+    QString shown(int row, int column) const { return cellAt(*table, row, column).data().toString(); }
+
+private slots:
+    void init()
+    {
+        source = LogSource();
+        window = std::make_unique<QWidget>();
+        auto *layout = new QVBoxLayout(window.get());
+        before = new QLineEdit;
+        table = new TableView;
+        after = new QLineEdit;
+        layout->addWidget(before);
+        layout->addWidget(table);
+        layout->addWidget(after);
+        source.table = table;
+        addLogColumns(*table);
+        table->setDataSource(&source);
+        table->setDelegate(&source);
+        tester = std::make_unique<QAbstractItemModelTester>(table->model(), fatal);
+        source.fill(5);
+        table->reloadData();
+        window->resize(500, 400);
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        table->setFocus();
+        table->viewport()->grab();
+        forget();
+    }
+
+    void cleanup()
+    {
+        tester.reset();
+        window.reset();
+    }
+
+    // Opening
+
+    void aKeyInTheRowOpensItsAmountEditorWithTheTextSelected_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<int>("column");
+        QTest::newRow("Return on the name") << Qt::Key_Return << name;
+        QTest::newRow("Return on the energy") << Qt::Key_Return << energy;
+        QTest::newRow("Enter on the amount") << Qt::Key_Enter << amount;
+        QTest::newRow("F2 on the unit") << Qt::Key_F2 << unit;
+        QTest::newRow("F2 on the amount") << Qt::Key_F2 << amount;
+    }
+
+    void aKeyInTheRowOpensItsAmountEditorWithTheTextSelected()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(int, column);
+        makeCurrent(2, column);
+        press(key);
+        QCOMPARE(editedRow(), 2);
+        QCOMPARE(editor()->text(), QStringLiteral("2.00"));
+        QCOMPARE(editor()->selectedText(), QStringLiteral("2.00"));
+        QCOMPARE(editor(), qApp->focusWidget());
+        QCOMPARE(table->currentIndex(), cellAt(*table, 2, amount));
+    }
+
+    void typingADigitReplacesTheTextByIt_data()
+    {
+        QTest::addColumn<QString>("typed");
+        for (const char *typed : {"0", "7", "75", "-1", ".5", "12.25"})
+            QTest::newRow(typed) << QString::fromLatin1(typed);
+    }
+
+    // Each key but the first reaches the editor: the text is selected once, not again behind the first digit.
+    void typingADigitReplacesTheTextByIt()
+    {
+        QFETCH(QString, typed);
+        makeCurrent(1, name);
+        for (const QChar key : typed) {
+            QTest::keyClick(qApp->focusWidget(), key.toLatin1());
+            QCoreApplication::processEvents();
+        }
+        QCOMPARE(editedRow(), 1);
+        QCOMPARE(editor()->text(), typed);
+        QCOMPARE(editor()->selectedText(), QString());
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = ") + typed});
+    }
+
+    void digitsOfTheKeypadAndWithShiftOpenItToo()
+    {
+        makeCurrent(1, name);
+        press(Qt::Key_4, Qt::KeypadModifier);
+        QCOMPARE(editor()->text(), QStringLiteral("4"));
+        press(Qt::Key_Escape);
+        QKeyEvent shifted(QEvent::KeyPress, Qt::Key_Ampersand, Qt::ShiftModifier, QStringLiteral("1"));
+        QCoreApplication::sendEvent(table, &shifted);
+        QCOMPARE(editor()->text(), QStringLiteral("1"));
+    }
+
+    void otherKeysOpenNothing()
+    {
+        makeCurrent(1, amount);
+        type("abc,+e/*");
+        press(Qt::Key_5, Qt::ControlModifier);
+        press(Qt::Key_5, Qt::AltModifier);
+        press(Qt::Key_Return, Qt::ControlModifier);
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(source.notes, none());
+    }
+
+    void aDoubleClickOpensTheRowsAmount_data()
+    {
+        QTest::addColumn<int>("column");
+        QTest::newRow("on the amount") << amount;
+        QTest::newRow("on the name") << name;
+        QTest::newRow("on the energy") << energy;
+    }
+
+    void aDoubleClickOpensTheRowsAmount()
+    {
+        QFETCH(int, column);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 3, column));
+        QVERIFY(editor() == nullptr);
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 3, column));
+        QCOMPARE(editedRow(), 3);
+        QCOMPARE(editor()->selectedText(), QStringLiteral("3.00"));
+    }
+
+    void aDoubleClickBelowTheRowsOpensNothing()
+    {
+        QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 3});
+        QVERIFY(editor() == nullptr);
+    }
+
+    void aTableWithoutAnEditableColumnOpensNothing()
+    {
+        TableView plain;
+        plain.addTableColumn({QStringLiteral("Name"), QStringLiteral("Name"), nullptr, false});
+        plain.setDataSource(&source);
+        plain.reloadData();
+        plain.selectionModel()->setCurrentIndex(cellAt(plain, 1, 0), QItemSelectionModel::NoUpdate);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_F2, Qt::Key_5, Qt::Key_Space})
+            QTest::keyClick(&plain, key);
+        QTest::mouseDClick(plain.viewport(), Qt::LeftButton, {}, middleOf(plain, 1, 0));
+        QVERIFY(plain.findChildren<QLineEdit *>().isEmpty());
+        QCOMPARE(source.notes, none());
+    }
+
+    void theEditorSaysWhatItEdits()
+    {
+        makeCurrent(2, name);
+        press(Qt::Key_F2);
+        QCOMPARE(
+            QAccessible::queryAccessibleInterface(editor())->text(QAccessible::Name), QStringLiteral("Amount, Food 2"));
+    }
+
+    // Ending
+
+    void returnCommitsAtOnceAndKeepsTheRowCurrent()
+    {
+        makeCurrent(2, name);
+        type("42");
+        QSignalSpy ended(table, &TableView::editingEnded);
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = 42")});
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(ended.size(), 1);
+        QCOMPARE(table->currentIndex(), cellAt(*table, 2, amount));
+        QVERIFY(table->hasFocus());
+        QCOMPARE(shown(2, amount), QStringLiteral("42.00"));
+        QCoreApplication::processEvents();
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(source.notes.size(), 1);
+    }
+
+    void escapeLeavesTheValueAndTheSelection()
+    {
+        makeCurrent(2, name);
+        table->selectRowIndexes({2});
+        forget();
+        QSignalSpy ended(table, &TableView::editingEnded);
+        type("42");
+        press(Qt::Key_Escape);
+        QVERIFY(editor() == nullptr);
+        QVERIFY(table->hasFocus());
+        QCOMPARE(source.notes, none());
+        QCOMPARE(ended.size(), 0);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
+        QCOMPARE(shown(2, amount), QStringLiteral("2.00"));
+    }
+
+    void anUntouchedEditorDeliversNothing_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("by Return") << Qt::Key_Return;
+        QTest::newRow("by Enter") << Qt::Key_Enter;
+        QTest::newRow("by Tab") << Qt::Key_Tab;
+        QTest::newRow("by Escape") << Qt::Key_Escape;
+    }
+
+    void anUntouchedEditorDeliversNothing()
+    {
+        QFETCH(Qt::Key, key);
+        makeCurrent(2, name);
+        QSignalSpy ended(table, &TableView::editingEnded);
+        press(Qt::Key_F2);
+        press(key);
+        press(Qt::Key_Escape);
+        QCOMPARE(source.notes, none());
+        QCOMPARE(ended.size(), 0);
+    }
+
+    void tabCommitsAndOpensTheNextRowsAmount()
+    {
+        makeCurrent(3, name);
+        type("30");
+        press(Qt::Key_Tab);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 3 = 30")});
+        QCOMPARE(editedRow(), 4);
+        QCOMPARE(editor()->selectedText(), QStringLiteral("4.00"));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        QCOMPARE(source.proposals.size(), 0);
+        type("40");
+        press(Qt::Key_Tab);
+        QCOMPARE(source.notes.last(), QStringLiteral("Amount 4 = 40"));
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(window->focusWidget(), after);
+    }
+
+    void shiftTabCommitsAndOpensThePreviousRowsAmount()
+    {
+        makeCurrent(1, name);
+        type("10");
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 10")});
+        QCOMPARE(editedRow(), 0);
+        press(Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(window->focusWidget(), before);
+    }
+
+    void leavingTheEditorDeliversItsText()
+    {
+        makeCurrent(1, name);
+        type("10");
+        after->setFocus();
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 10")});
+        QVERIFY(editor() == nullptr);
+    }
+
+    void clickingAnotherRowDeliversToItsOwnRowFirst()
+    {
+        makeCurrent(1, name);
+        type("10");
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 3, name));
+        QCOMPARE(source.notes, (QStringList{QStringLiteral("Amount 1 = 10"), QStringLiteral("selected [3]")}));
+        QVERIFY(editor() == nullptr);
+    }
+
+    void endingTheEditingDeliversAndClosesAtOnce()
+    {
+        QVERIFY(!table->endEditing());
+        makeCurrent(1, name);
+        type("10");
+        QSignalSpy ended(table, &TableView::editingEnded);
+        QVERIFY(table->endEditing());
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 10")});
+        QCOMPARE(ended.size(), 1);
+        QVERIFY(!table->endEditing());
+        QCOMPARE(source.notes.size(), 1);
+        press(Qt::Key_F2);
+        QVERIFY(table->endEditing());
+        QCOMPARE(source.notes.size(), 1);
+        QCOMPARE(ended.size(), 1);
+    }
+
+    void theTextGoesToItsOwnRowAlthoughTheCurrentCellMoved()
+    {
+        makeCurrent(1, name);
+        type("10");
+        makeCurrent(3, amount);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 10")});
+        QVERIFY(editor() == nullptr);
+    }
+
+    void editingEndsAfterTheEditorHasClosed()
+    {
+        makeCurrent(1, name);
+        bool wasopen = true;
+        QStringList notes;
+        connect(table, &TableView::editingEnded, table, [&] {
+            wasopen = editor() != nullptr;
+            notes = source.notes;
+        });
+        type("10");
+        press(Qt::Key_Return);
+        QVERIFY(!wasopen);
+        QCOMPARE(notes.size(), 1);
+    }
+
+    void onlyTheEditedRowIsAskedAfresh()
+    {
+        makeCurrent(1, name);
+        for (LogSource::Entry &entry : source.entries)
+            entry.name = QStringLiteral("Changed");
+        forget();
+        type("10");
+        press(Qt::Key_Return);
+        table->viewport()->grab();
+        for (const QString &note : std::as_const(source.asked))
+            QVERIFY2(note.endsWith(QStringLiteral(" 1")), qPrintable(note));
+        QCOMPARE(source.asked.size(), 4);
+        QCOMPARE(shown(1, name), QStringLiteral("Changed"));
+        QCOMPARE(shown(2, name), QStringLiteral("Food 2"));
+    }
+
+    void anyTextIsDeliveredAsTyped()
+    {
+        makeCurrent(1, name);
+        press(Qt::Key_F2);
+        type("abc");
+        press(Qt::Key_Return);
+        press(Qt::Key_F2);
+        press(Qt::Key_Delete);
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, (QStringList{QStringLiteral("Amount 1 = abc"), QStringLiteral("Amount 1 = ")}));
+    }
+
+    // Reloading below an open editor
+
+    void aReloadKeepsAnOpenEditorsTextAndItsRow()
+    {
+        makeCurrent(1, name);
+        type("12");
+        source.fill(8);
+        source.entries[1].amount = QStringLiteral("99.00");
+        table->reloadData();
+        table->viewport()->grab();
+        QCOMPARE(editedRow(), 1);
+        QCOMPARE(editor()->text(), QStringLiteral("12"));
+        QCOMPARE(editor(), qApp->focusWidget());
+        source.fill(2);
+        table->reloadData();
+        QCOMPARE(editor()->text(), QStringLiteral("12"));
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")});
+    }
+
+    void anEditorWhoseRowIsGoneClosesWithoutDelivering()
+    {
+        makeCurrent(3, name);
+        type("12");
+        QSignalSpy ended(table, &TableView::editingEnded);
+        source.fill(2);
+        table->reloadData();
+        QVERIFY(editor() == nullptr);
+        QVERIFY(!table->endEditing());
+        QCOMPARE(source.notes, none());
+        QCOMPARE(ended.size(), 0);
+        QVERIFY(table->hasFocus());
+        QCOMPARE(table->currentIndex().row(), 1);
+    }
+
+    void anEditMayDeselectAndReload()
+    {
+        table->selectRowIndexes({0, 1});
+        makeCurrent(1, name);
+        forget();
+        source.onEdit = [this] {
+            table->deselectAll();
+            table->reloadData();
+        };
+        type("12");
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, (QStringList{QStringLiteral("Amount 1 = 12"), QStringLiteral("selected []")}));
+        QCOMPARE(shown(1, amount), QStringLiteral("12.00"));
+        QVERIFY(editor() == nullptr);
+    }
+
+    void anEditThatEndsTheEditingDeliversOnce()
+    {
+        makeCurrent(1, name);
+        source.onEdit = [this] { table->endEditing(); };
+        type("12");
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")});
+        QVERIFY(editor() == nullptr);
+    }
+
+    void aTableMayGoAwayWithAnOpenEditor()
+    {
+        makeCurrent(1, name);
+        type("12");
+        tester.reset();
+        window.reset();
+        QCoreApplication::processEvents();
+    }
+
+    // The unit menu
+
+    void oneClickOpensTheUnitMenuWithTheRowsItems()
+    {
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 2, unit));
+        QMenu *menu = openMenuOf(*table);
+        QVERIFY(menu != nullptr);
+        QCOMPARE(menu->actions().size(), 3);
+        QCOMPARE(menu->actions().at(1)->text(), QStringLiteral("cup && 2"));
+        QCOMPARE(menu->activeAction(), menu->actions().at(1));
+        QVERIFY(menu->actions().at(1)->isChecked());
+        QVERIFY(!menu->actions().at(0)->isChecked());
+        QCOMPARE(table->currentIndex().row(), 2);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        const QPoint corner = table->viewport()->mapToGlobal(table->visualRect(cellAt(*table, 2, unit)).bottomLeft());
+        QCOMPARE(menu->pos(), corner);
+        QCOMPARE(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name), QStringLiteral("Unit"));
+    }
+
+    void aClickWithAModifierSelectsInstead()
+    {
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 2, unit));
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
+    }
+
+    void aKeyOpensTheMenuOfTheCurrentRow_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::newRow("Space") << Qt::Key_Space << Qt::KeyboardModifiers();
+        QTest::newRow("Alt+Down") << Qt::Key_Down << Qt::KeyboardModifiers(Qt::AltModifier);
+    }
+
+    void aKeyOpensTheMenuOfTheCurrentRow()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        makeCurrent(3, name);
+        press(key, modifiers);
+        QMenu *menu = openMenuOf(*table);
+        QVERIFY(menu != nullptr);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("unit 3 = 2 slice")});
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QVERIFY(table->hasFocus());
+        QCOMPARE(table->currentIndex().row(), 3);
+    }
+
+    void escapeChoosesNothing()
+    {
+        makeCurrent(3, name);
+        press(Qt::Key_Space);
+        QTest::keyClick(openMenuOf(*table), Qt::Key_Escape);
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(source.notes, none());
+    }
+
+    void theUnitThatIsAlreadySetIsSentAsWell()
+    {
+        makeCurrent(3, name);
+        press(Qt::Key_Space);
+        QTest::keyClick(openMenuOf(*table), Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("unit 3 = 1 cup & 3")});
+    }
+
+    void theMenuKeepsItsItemsWhileOtherRowsArePainted()
+    {
+        makeCurrent(1, name);
+        press(Qt::Key_Space);
+        table->viewport()->grab();
+        QCOMPARE(source.prepared.last().back(), QChar(u'4'));
+        QTest::keyClick(openMenuOf(*table), Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("unit 1 = 1 cup & 1")});
+    }
+
+    void theMenuIsAskedAfreshEachTime()
+    {
+        makeCurrent(1, name);
+        source.entries[1].units = {QStringLiteral("g")};
+        source.entries[1].unit = 0;
+        press(Qt::Key_Space);
+        QCOMPARE(openMenuOf(*table)->actions().size(), 1);
+        QTest::keyClick(openMenuOf(*table), Qt::Key_Escape);
+        source.entries[1].units.append(QStringLiteral("cup"));
+        press(Qt::Key_Space);
+        QCOMPARE(openMenuOf(*table)->actions().size(), 2);
+    }
+
+    void openingTheMenuDeliversAnOpenEditorFirst()
+    {
+        makeCurrent(1, name);
+        type("12");
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 2, unit));
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")});
+        QVERIFY(editor() == nullptr);
+        QVERIFY(openMenuOf(*table) != nullptr);
+    }
+
+    void aReloadAndTheEndOfEditingCloseTheMenu()
+    {
+        makeCurrent(3, name);
+        press(Qt::Key_Space);
+        table->reloadData();
+        QVERIFY(openMenuOf(*table) == nullptr);
+        press(Qt::Key_Space);
+        QVERIFY(!table->endEditing());
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(source.notes, none());
+    }
+
+    void choosingMayReloadTheTable()
+    {
+        makeCurrent(3, name);
+        source.entries[3].units = {QStringLiteral("g"), QStringLiteral("cup")};
+        press(Qt::Key_Space);
+        QMenu *menu = openMenuOf(*table);
+        connect(menu->actions().at(1), &QAction::triggered, table, [this] {
+            source.fill(2);
+            table->reloadData();
+        });
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("unit 3 = 1 cup")});
+        QCOMPARE(table->model()->rowCount(), 2);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(table->findChildren<QMenu *>().isEmpty());
+    }
+
+    void noMenuOpensForARowThatIsGone()
+    {
+        makeCurrent(3, name);
+        source.entries.resize(2);
+        forget();
+        press(Qt::Key_Space);
+        press(Qt::Key_F2);
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QVERIFY(editor() == nullptr);
+        QCOMPARE(source.asked, none());
+    }
+};
+
+QTEST_MAIN(TableEditingTest)
+#include "tst_tableediting.moc"

@@ -1,0 +1,691 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/LogTable.h"
+
+#include <QAbstractItemModelTester>
+#include <QAccessible>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QtTest>
+
+namespace {
+
+constexpr auto fatal = QAbstractItemModelTester::FailureReportingMode::QtTest;
+
+QStringList none()
+{
+    return {};
+}
+
+} // namespace
+
+class TableViewTest final : public QObject {
+    Q_OBJECT
+
+private:
+    LogSource source;
+    std::unique_ptr<TableView> table;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+
+    void show()
+    {
+        table->show();
+        table->activateWindow();
+        table->setFocus();
+        QVERIFY(QTest::qWaitForWindowActive(table.get()));
+        table->viewport()->grab();
+    }
+
+    // Rows 0 to count - 1, shown, with nothing noted.
+    void load(int count)
+    {
+        source.fill(count);
+        table->reloadData();
+        show();
+        forget();
+    }
+
+    void forget()
+    {
+        source.notes.clear();
+        source.asked.clear();
+        source.prepared.clear();
+        source.proposals.clear();
+    }
+
+    QString shown(int row, int column) const { return cellAt(*table, row, column).data().toString(); }
+
+private slots:
+    void init()
+    {
+        source = LogSource();
+        table = std::make_unique<TableView>();
+        source.table = table.get();
+        addLogColumns(*table);
+        table->setDataSource(&source);
+        table->setDelegate(&source);
+        tester = std::make_unique<QAbstractItemModelTester>(table->model(), fatal);
+        table->resize(500, 300);
+    }
+
+    void cleanup()
+    {
+        tester.reset();
+        table.reset();
+    }
+
+    // Reloading
+
+    void nothingIsAskedBeforeTheFirstReload()
+    {
+        source.fill(3);
+        show();
+        QCOMPARE(table->model()->rowCount(), 0);
+        QCOMPARE(source.asked, none());
+    }
+
+    void aTableWithoutASourceHasNoRows()
+    {
+        TableView alone;
+        alone.addTableColumn({QStringLiteral("Name"), QStringLiteral("Name"), nullptr, false});
+        alone.reloadData();
+        alone.deselectAll();
+        alone.viewport()->grab();
+        QCOMPARE(alone.model()->rowCount(), 0);
+        QVERIFY(!alone.endEditing());
+        QVERIFY(alone.cellForColumn(QStringLiteral("name")) == nullptr);
+        QVERIFY(alone.cellForColumn(QStringLiteral("Name")) != nullptr);
+    }
+
+    void anEmptyTableMakesNoCellCallback()
+    {
+        load(0);
+        table->viewport()->grab();
+        QCOMPARE(table->model()->rowCount(), 0);
+        QCOMPARE(source.asked, none());
+        QCOMPARE(source.prepared, none());
+    }
+
+    void aReloadTakesTheNewCount()
+    {
+        load(3);
+        for (const int count : {5, 2, 0, 4}) {
+            source.fill(count);
+            table->reloadData();
+            QCOMPARE(table->model()->rowCount(), count);
+        }
+    }
+
+    void aValueIsAskedOnceUntilTheNextReload()
+    {
+        load(2);
+        table->reloadData();
+        forget();
+        table->viewport()->grab();
+        QStringList once = source.asked;
+        QCOMPARE(once.size(), 8);
+        QCOMPARE(once.removeDuplicates(), 0);
+        forget();
+        table->viewport()->grab();
+        shown(1, 0);
+        QCOMPARE(source.asked, none());
+    }
+
+    void nothingNewShowsWithoutAReload()
+    {
+        load(2);
+        source.entries[1].name = QStringLiteral("Changed");
+        table->viewport()->grab();
+        QCOMPARE(shown(1, 0), QStringLiteral("Food 1"));
+        table->reloadData();
+        QCOMPARE(shown(1, 0), QStringLiteral("Changed"));
+    }
+
+    void onlyRowsInSightAreAsked()
+    {
+        load(7801);
+        table->reloadData();
+        forget();
+        table->viewport()->grab();
+        QVERIFY(source.asked.contains(QStringLiteral("Name 0")));
+        QVERIFY(!source.asked.contains(QStringLiteral("Name 100")));
+        QVERIFY(source.asked.size() < 100);
+    }
+
+    void aRowThatTheSourceNoLongerHasIsNeverAsked()
+    {
+        load(5);
+        table->reloadData();
+        forget();
+        source.entries.resize(2);
+        table->viewport()->grab();
+        for (int column = 0; column < 4; ++column) {
+            for (const int role : {int(Qt::DisplayRole), int(Qt::EditRole), int(Qt::ToolTipRole),
+                     int(Qt::AccessibleTextRole), int(Qt::AccessibleDescriptionRole)}) {
+                QVERIFY(cellAt(*table, 3, column).data(role).toString().isEmpty());
+            }
+        }
+        for (const QString &note : source.asked + source.prepared)
+            QVERIFY2(note.endsWith(u'0') || note.endsWith(u'1'), qPrintable(note));
+        QVERIFY(!source.asked.isEmpty());
+    }
+
+    void aReloadKeepsTheScrollPositionTheCurrentCellAndTheSelection()
+    {
+        load(200);
+        table->selectRowIndexes({3, 50, 51});
+        table->selectionModel()->setCurrentIndex(cellAt(*table, 60, 3), QItemSelectionModel::NoUpdate);
+        table->verticalScrollBar()->setValue(777);
+        forget();
+        source.fill(300);
+        table->reloadData();
+        source.fill(100);
+        table->reloadData();
+        QCOMPARE(table->verticalScrollBar()->value(), 777);
+        QCOMPARE(table->currentIndex(), cellAt(*table, 60, 3));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{3, 50, 51}));
+        QCOMPARE(source.notes, none());
+    }
+
+    void aReloadNeverResetsTheModelNorReportsChangedData()
+    {
+        load(3);
+        QSignalSpy resets(table->model(), &QAbstractItemModel::modelReset);
+        QSignalSpy changes(table->model(), &QAbstractItemModel::dataChanged);
+        for (const int count : {3, 10, 1, 0, 2}) {
+            source.fill(count);
+            table->reloadData();
+        }
+        QCOMPARE(resets.size(), 0);
+        QCOMPARE(changes.size(), 0);
+    }
+
+    void onlyIndexesBeyondTheNewCountLeaveTheSelectionAndTheHandlerRunsOnce()
+    {
+        load(10);
+        table->selectRowIndexes({1, 4, 5, 9});
+        forget();
+        int rowsseen = -1;
+        source.onSelection = [&] { rowsseen = table->model()->rowCount(); };
+        source.entries.resize(5);
+        table->reloadData();
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 4}));
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected [1 4]")});
+        QCOMPARE(rowsseen, 5);
+        QCOMPARE(source.proposals.size(), 0);
+        forget();
+        source.entries.clear();
+        table->reloadData();
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected []")});
+    }
+
+    void aReloadDrawsTheNewValues()
+    {
+        load(3);
+        const QImage before = table->viewport()->grab().toImage();
+        source.entries[2].name = QStringLiteral("Something else");
+        QCOMPARE(table->viewport()->grab().toImage(), before);
+        table->reloadData();
+        QVERIFY(table->viewport()->grab().toImage() != before);
+    }
+
+    // Columns and cells
+
+    void columnsAreFoundByTheirExactIdentifier()
+    {
+        QVERIFY(table->cellForColumn(QStringLiteral("Amount")) != nullptr);
+        QVERIFY(table->cellForColumn(QStringLiteral("amount")) == nullptr);
+        QVERIFY(table->cellForColumn(QStringLiteral("Amount ")) == nullptr);
+        QVERIFY(dynamic_cast<PopUpButtonCell *>(table->cellForColumn(QStringLiteral("Unit"))) != nullptr);
+    }
+
+    void aCellIsPreparedRightBeforeEveryUse()
+    {
+        load(2);
+        source.entries[0].unit = 2; // not a value: prepared afresh each time
+        QCOMPARE(shown(0, 2), QStringLiteral("slice"));
+        QCOMPARE(shown(1, 2), QStringLiteral("cup & 1"));
+        QCOMPARE(shown(0, 2), QStringLiteral("slice"));
+        QCOMPARE(source.prepared,
+            (QStringList{QStringLiteral("Unit 0"), QStringLiteral("Unit 1"), QStringLiteral("Unit 0")}));
+        forget();
+        table->viewport()->grab();
+        QCOMPARE(source.prepared.size(), 8);
+    }
+
+    void theValueNumberChoosesAnItemUntilCodeChoosesAnother()
+    {
+        PopUpButtonCell cell;
+        for (const char *title : {"g", "cup"}) {
+            MenuItemUnit item;
+            item.setTitle(QString::fromLatin1(title));
+            cell.addItem(item);
+        }
+        QCOMPARE(cell.indexOfSelectedItem(), -1);
+        QCOMPARE(cell.stringValue(), QString());
+        cell.setObjectValue(1);
+        QCOMPARE(cell.stringValue(), QStringLiteral("cup"));
+        cell.selectItemAtIndex(0);
+        QCOMPARE(cell.stringValue(), QStringLiteral("g"));
+        for (const QVariant &value : {QVariant(2), QVariant(-1), QVariant(QStringLiteral("cup")), QVariant()}) {
+            cell.setObjectValue(0);
+            cell.setObjectValue(value);
+            QCOMPARE(cell.indexOfSelectedItem(), -1);
+        }
+        cell.setObjectValue(0);
+        cell.removeAllItems();
+        QCOMPARE(cell.indexOfSelectedItem(), -1);
+        QCOMPARE(cell.items().size(), 0);
+    }
+
+    void aMenuItemIsWhatWasSet()
+    {
+        MenuItemUnit item;
+        QCOMPARE(item.idx(), 0);
+        QCOMPARE(item.tag(), 0);
+        item.setIdx(std::numeric_limits<qint32>::min());
+        item.setTag(7800);
+        item.setTitle(QStringLiteral("1 cup & more"));
+        QCOMPARE(item.idx(), std::numeric_limits<qint32>::min());
+        QCOMPARE(item.tag(), 7800);
+        QCOMPARE(item.title(), QStringLiteral("1 cup & more"));
+    }
+
+    void theFormatterWritesTheNumber()
+    {
+        load(4);
+        QCOMPARE(shown(3, 3), QStringLiteral("5"));
+        QCOMPARE(cellAt(*table, 3, 3).data(Qt::EditRole).toFloat(), 4.5F);
+    }
+
+    void headersFollowTheAlignmentOfTheirColumn()
+    {
+        QCOMPARE(table->model()->headerData(1, Qt::Horizontal).toString(), QStringLiteral("Amount"));
+        const int where = table->model()->headerData(1, Qt::Horizontal, Qt::TextAlignmentRole).toInt();
+        QVERIFY(where & Qt::AlignRight);
+        QVERIFY(!table->isSortingEnabled());
+        QVERIFY(!table->horizontalHeader()->sectionsClickable());
+    }
+
+    void everyRowHasTheHeightThatTheFontGives()
+    {
+        load(100);
+        const int height = table->rowHeight(0);
+        QVERIFY(height > table->fontMetrics().height());
+        QCOMPARE(table->rowHeight(99), height);
+        QFont large = table->font();
+        large.setPointSize(large.pointSize() * 2);
+        table->setFont(large);
+        QVERIFY(table->rowHeight(99) > table->fontMetrics().height());
+        QVERIFY(table->rowHeight(0) > height);
+        QCOMPARE(table->verticalHeader()->sectionResizeMode(0), QHeaderView::Fixed);
+    }
+
+    void aLongTextIsCutWithAnEllipsisAndToldInFull()
+    {
+        load(1);
+        source.entries[0].name = QStringLiteral("A very long name, ").repeated(20);
+        table->reloadData();
+        const QImage cut = table->viewport()->grab(table->visualRect(cellAt(*table, 0, 1))).toImage();
+        source.entries[0].name = QStringLiteral("Short");
+        table->reloadData();
+        QCOMPARE(table->viewport()->grab(table->visualRect(cellAt(*table, 0, 1))).toImage(), cut);
+        QVERIFY(table->itemDelegate()->sizeHint(QStyleOptionViewItem(), cellAt(*table, 0, 0)).width()
+            < table->columnWidth(0));
+    }
+
+    void aRuleIsDrawnAboveEveryBlock()
+    {
+        load(6);
+        const QImage plain = table->viewport()->grab().toImage();
+        table->setStartsBlock([](int row) { return row == 2 || row == 4; });
+        const QImage ruled = table->viewport()->grab().toImage();
+        for (int row = 0; row < 6; ++row) {
+            const int y = table->rowViewportPosition(row);
+            const bool changed = ruled.copy(0, y, ruled.width(), 1) != plain.copy(0, y, plain.width(), 1);
+            QCOMPARE(changed, row == 2 || row == 4);
+        }
+        const QColor rule = ruled.pixelColor(ruled.width() - 1, table->rowViewportPosition(2));
+        QCOMPARE(rule.rgb(), table->palette().color(QPalette::Mid).rgb());
+    }
+
+    void theRuleIsStillThereAfterScrolling()
+    {
+        load(100);
+        table->setStartsBlock([](int row) { return row == 40; });
+        table->verticalScrollBar()->setValue(table->rowHeight(0) * 39 + 3);
+        const QImage image = table->viewport()->grab().toImage();
+        QCOMPARE(image.pixel(image.width() - 1, table->rowViewportPosition(40)),
+            table->palette().color(QPalette::Mid).rgb());
+    }
+
+    void anEmptyTableSaysWhatToDo()
+    {
+        load(0);
+        const QImage blank = table->viewport()->grab().toImage();
+        table->setPlaceholderText(QStringLiteral("Add a food with Ctrl+N"));
+        QVERIFY(table->viewport()->grab().toImage() != blank);
+        QCOMPARE(table->accessibleDescription(), QStringLiteral("Add a food with Ctrl+N"));
+        source.fill(1);
+        table->reloadData();
+        QCOMPARE(table->accessibleDescription(), QString());
+    }
+
+    // Selection
+
+    void selectedRowsAscend()
+    {
+        load(10);
+        table->selectRowIndexes({7, 2, 9, 3, 2});
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{2, 3, 7, 9}));
+        table->selectRowIndexes({-5, 8, 10, 4000});
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{8}));
+    }
+
+    void deselectingRunsTheHandlerAtOnceAndOnlyWhenARowWasSelected()
+    {
+        load(5);
+        table->deselectAll();
+        QCOMPARE(source.notes, none());
+        table->selectRowIndexes({1, 2});
+        forget();
+        table->deselectAll();
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected []")});
+        table->deselectAll();
+        QCOMPARE(source.notes.size(), 1);
+    }
+
+    void codeIsNeverAskedByTheFilter()
+    {
+        load(5);
+        source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
+        table->selectRowIndexes({1, 2});
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected [1 2]")});
+        table->selectRowIndexes({1, 2});
+        QCOMPARE(source.notes.size(), 1);
+        table->deselectAll();
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        QCOMPARE(source.proposals.size(), 0);
+    }
+
+    void keysAndClicksPassTheFilter()
+    {
+        load(6);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
+        QCOMPARE(source.proposals, (QList<QList<int>>{{1}}));
+        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2, 3}));
+        QTest::keyClick(table.get(), Qt::Key_Up, Qt::ShiftModifier);
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2}));
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 5, 0));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2, 5}));
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 1, 0));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{2, 5}));
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 0, 0));
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ShiftModifier, middleOf(*table, 3, 3));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{0, 1, 2, 3}));
+        QCOMPARE(source.proposals.last(), (QList<int>{0, 1, 2, 3}));
+    }
+
+    void selectingAllProposesAllRows()
+    {
+        load(4);
+        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(source.proposals, (QList<QList<int>>{{0, 1, 2, 3}}));
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected [0 1 2 3]")});
+    }
+
+    void aRefusalLeavesTheSelectionAsItIs()
+    {
+        load(6);
+        table->selectRowIndexes({2, 4});
+        forget();
+        source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
+        QTest::keyClick(table.get(), Qt::Key_Down);
+        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(table.get(), Qt::Key_Escape);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 5});
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{2, 4}));
+        QCOMPARE(source.notes, none());
+        QVERIFY(source.proposals.size() >= 5);
+    }
+
+    void aTableThatRefusesEverythingNeverSelects()
+    {
+        load(6);
+        source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
+        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(table.get(), Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        QCOMPARE(table->currentIndex().row(), 2); // keys still move
+        QCOMPARE(source.notes, none());
+    }
+
+    void anEmptyAnswerClearsTheSelection()
+    {
+        load(6);
+        table->selectRowIndexes({2, 4});
+        forget();
+        source.filter = [](const QList<int> & /*rows*/) { return QList<int>(); };
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected []")});
+    }
+
+    void theFilterSeesTheSelectionAsItStillIs()
+    {
+        load(6);
+        table->selectRowIndexes({2});
+        QList<int> seen;
+        source.filter = [&](const QList<int> & /*rows*/) {
+            seen = table->selectedRowIndexes();
+            return QList<int>{5, 3}; // in any order
+        };
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
+        QCOMPARE(seen, (QList<int>{2}));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{3, 5}));
+        source.filter = nullptr;
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 0, 0));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{0, 3, 5}));
+    }
+
+    void aClickBelowTheRowsAndEscapeAndTheirKeyClearTheSelection()
+    {
+        load(3);
+        const auto clears = [this](const std::function<void()> &gesture) {
+            table->selectRowIndexes({0, 2});
+            forget();
+            gesture();
+            return table->selectedRowIndexes().isEmpty() && source.notes == QStringList{QStringLiteral("selected []")};
+        };
+        QVERIFY(clears([this] {
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 5});
+        }));
+        QVERIFY(clears([this] { QTest::keyClick(table.get(), Qt::Key_Escape); }));
+        QVERIFY(clears([this] { QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier); }));
+        QVERIFY(!clears([this] { QTest::keyClick(table.get(), Qt::Key_Control); }));
+    }
+
+    void escapeWithNothingToClearIsLeftToTheWindow()
+    {
+        load(3);
+        QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(table.get(), &escape);
+        QVERIFY(!escape.isAccepted());
+        table->selectRowIndexes({1});
+        QCoreApplication::sendEvent(table.get(), &escape);
+        QVERIFY(escape.isAccepted());
+    }
+
+    // The clipboard
+
+    void theSystemClipboardIsNeverTouched()
+    {
+        load(3);
+        QClipboard *clipboard = QGuiApplication::clipboard();
+        clipboard->setText(QStringLiteral("mine"));
+        table->selectRowIndexes({1});
+        table->selectionModel()->setCurrentIndex(cellAt(*table, 1, 0), QItemSelectionModel::NoUpdate);
+        for (const int key : {Qt::Key_C, Qt::Key_X, Qt::Key_V})
+            QTest::keyClick(table.get(), Qt::Key(key), Qt::ControlModifier);
+        QTest::keyClick(table.get(), Qt::Key_Insert, Qt::ControlModifier);
+        QCOMPARE(clipboard->text(), QStringLiteral("mine"));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{1});
+        QCOMPARE(shown(1, 1), QStringLiteral("1.00"));
+    }
+
+    void theMenuBarsShortcutsStillRun()
+    {
+        load(3);
+        QAction copy;
+        copy.setShortcut(QKeySequence::Copy);
+        table->addAction(&copy);
+        QSignalSpy triggered(&copy, &QAction::triggered);
+        QTest::keyClick(table.get(), Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(triggered.size(), 1);
+    }
+
+    // Keys and focus
+
+    void tabLeavesTheTableBothWays()
+    {
+        QWidget window;
+        QWidget before(&window);
+        before.setFocusPolicy(Qt::StrongFocus);
+        TableView inside(&window);
+        QWidget after(&window);
+        after.setFocusPolicy(Qt::StrongFocus);
+        addLogColumns(inside);
+        inside.setDataSource(&source);
+        source.fill(3);
+        inside.reloadData();
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        inside.setFocus();
+        QTest::keyClick(&inside, Qt::Key_Tab);
+        QCOMPARE(window.focusWidget(), &after);
+        inside.setFocus();
+        QTest::keyClick(&inside, Qt::Key_Backtab, Qt::ShiftModifier);
+        QCOMPARE(window.focusWidget(), &before);
+    }
+
+    void aTableWithTheFocusHasACurrentCellAsSoonAsItHasRows()
+    {
+        load(0);
+        QVERIFY(table->hasFocus());
+        QVERIFY(!table->currentIndex().isValid());
+        source.fill(2);
+        table->reloadData();
+        QCOMPARE(table->currentIndex(), cellAt(*table, 0, 0));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        source.fill(0);
+        table->reloadData();
+        source.fill(1);
+        table->reloadData();
+        QCOMPARE(table->currentIndex(), cellAt(*table, 0, 0));
+    }
+
+    void theFocusIsSeenOnEveryCellAndOnAnEmptyTable()
+    {
+        load(2);
+        const auto looksFocused = [this] {
+            const QImage focused = table->viewport()->grab().toImage();
+            table->clearFocus();
+            const QImage plain = table->viewport()->grab().toImage();
+            table->setFocus();
+            return focused != plain;
+        };
+        for (int column = 0; column < 4; ++column) {
+            table->selectionModel()->setCurrentIndex(cellAt(*table, 1, column), QItemSelectionModel::NoUpdate);
+            QVERIFY(looksFocused());
+            table->selectRowIndexes({1});
+            QVERIFY(looksFocused());
+            table->deselectAll();
+        }
+        source.fill(0);
+        table->reloadData();
+        QVERIFY(looksFocused());
+    }
+
+    void lettersMoveNowhere()
+    {
+        load(20);
+        table->selectionModel()->setCurrentIndex(cellAt(*table, 3, 0), QItemSelectionModel::NoUpdate);
+        forget();
+        QTest::keyClick(table.get(), Qt::Key_F);
+        QCOMPARE(table->currentIndex().row(), 3);
+        QCOMPARE(source.asked, none());
+    }
+
+    // Accessibility
+
+    void whatIsSpokenIsWhatIsPainted()
+    {
+        load(3);
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table.get());
+        QVERIFY(interface != nullptr && interface->tableInterface() != nullptr);
+        for (int row = 0; row < 3; ++row) {
+            for (int column = 0; column < 4; ++column) {
+                const QAccessibleInterface *cell = interface->tableInterface()->cellAt(row, column);
+                QVERIFY(cell != nullptr);
+                QCOMPARE(cell->text(QAccessible::Name), shown(row, column));
+                QVERIFY(!cell->text(QAccessible::Name).isEmpty());
+                const QString identifier = table->model()->headerData(column, Qt::Horizontal).toString();
+                QCOMPARE(cell->text(QAccessible::Description), QStringLiteral("%1 of row %2").arg(identifier).arg(row));
+            }
+        }
+        QCOMPARE(interface->tableInterface()->cellAt(2, 2)->text(QAccessible::Name), QStringLiteral("cup & 2"));
+    }
+
+    void aScreenReadersSelectionPassesTheFilter()
+    {
+        load(3);
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table.get());
+        QVERIFY(interface->tableInterface()->selectRow(1));
+        QCOMPARE(source.proposals, (QList<QList<int>>{{1}}));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{1});
+        source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
+        interface->tableInterface()->selectRow(2);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{1});
+    }
+
+    void theToolTipIsTheDelegatesSentence()
+    {
+        load(2);
+        QCOMPARE(cellAt(*table, 1, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("Name of row 1"));
+    }
+
+    // Size
+
+    void sevenThousandRowsAreReloadedSelectedAndDroppedQuickly()
+    {
+        load(7801);
+        QElapsedTimer clock;
+        clock.start();
+        for (int i = 0; i < 20; ++i)
+            table->reloadData();
+        const qint64 reloads = clock.restart();
+        table->selectAll();
+        const qint64 select = clock.restart();
+        QCOMPARE(table->selectedRowIndexes().size(), 7801);
+        clock.restart();
+        source.fill(0);
+        table->reloadData();
+        const qint64 drop = clock.elapsed();
+        // A hundred times what they take: only something quadratic gets there.
+        QVERIFY2(reloads < 1000 && select < 500 && drop < 1000,
+            qPrintable(QStringLiteral("%1 %2 %3").arg(reloads).arg(select).arg(drop)));
+        QCOMPARE(source.notes.last(), QStringLiteral("selected []"));
+    }
+};
+
+QTEST_MAIN(TableViewTest)
+#include "tst_tableview.moc"
