@@ -109,15 +109,20 @@ private slots:
         std::vector<std::vector<FoodWords::Word>> words;
         for (const QString &name : names)
             words.push_back(FoodWords::split(name));
-        const auto holds = [&](std::size_t name, const QByteArray &beginning) {
+        const auto namesWith = [&](const QByteArray &beginning) {
             const auto others = FoodWords::otherNumbers(beginning);
-            return std::any_of(words[name].begin(), words[name].end(), [&](const FoodWords::Word &word) {
-                return word.text.startsWith(beginning)
-                    || std::find(others.begin(), others.end(), word.text) != others.end();
-            });
+            std::set<int> list;
+            for (std::size_t name = 0; name < words.size(); ++name) {
+                if (std::any_of(words[name].begin(), words[name].end(), [&](const FoodWords::Word &word) {
+                        return word.text.startsWith(beginning)
+                            || std::find(others.begin(), others.end(), word.text) != others.end();
+                    }))
+                    list.insert(static_cast<int>(name));
+            }
+            return list;
         };
         int compared = 0;
-        for (int round = 0; round < 600; ++round) {
+        for (int round = 0; round < 300; ++round) {
             const auto &source = words[random.bounded(static_cast<quint32>(words.size()))];
             QList<QByteArray> query;
             for (quint32 left = 1 + random.bounded(3U); left > 0; --left) {
@@ -126,11 +131,13 @@ private slots:
             }
             const QString text = QString::fromLatin1(query.join(' ')).toUpper();
             const std::vector<int> hits = search.search(text);
-            const std::vector<QByteArray> typed(query.begin(), query.end());
-            std::set<int> expected;
-            for (std::size_t name = 0; name < words.size(); ++name) {
-                if (std::all_of(typed.begin(), typed.end(), [&](const auto &word) { return holds(name, word); }))
-                    expected.insert(static_cast<int>(name));
+            std::set<int> expected = namesWith(query[0]);
+            for (const QByteArray &word : query) {
+                const std::set<int> with = namesWith(word);
+                std::set<int> both;
+                std::set_intersection(
+                    expected.begin(), expected.end(), with.begin(), with.end(), std::inserter(both, both.end()));
+                expected = both;
             }
             const std::set<int> answered(hits.begin(), hits.end());
             QCOMPARE(answered.size(), hits.size());
@@ -138,7 +145,7 @@ private slots:
                 std::includes(answered.begin(), answered.end(), expected.begin(), expected.end()), qPrintable(text));
             compared += answered == expected ? 1 : 0;
         }
-        QVERIFY2(compared > 400, "most queries have no other reading");
+        QVERIFY2(compared > 200, "most queries have no other reading");
     }
 
     void theOrderOfTheWordsAndTheirCaseDoNotMatter()
