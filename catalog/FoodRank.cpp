@@ -112,8 +112,11 @@ public:
         total += inbrackets ? own / 4 : own;
     }
 
-    // The less of a word is typed, the more it is another word.
-    void addBegun(const FoodIndex::NameWord &word) { total += 4 * word.length; }
+    // A word of which only the beginning is typed is the likelier the more ordinary it is and the less is missing.
+    void addBegun(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning)
+    {
+        total += std::max<int>(meaning.weight, 0) + 2 * word.length;
+    }
 
     [[nodiscard]] int weight() const { return total; }
 
@@ -143,7 +146,7 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
         if (matches[i] == Match::None)
             scales.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
         else if (matches[i] == Match::Beginning)
-            scales.addBegun(words[i]);
+            scales.addBegun(words[i], meaning);
         const bool whole = matches[i] == Match::Whole;
         rank.ofBrand = rank.ofBrand && !(whole && (meaning.brand || meaning.standIn));
         rank.forFew = rank.forFew && !(whole && meaning.forFew);
