@@ -66,13 +66,13 @@ void AddFoodSheet::makeControls()
     ui->setupUi(this);
     const int sidewidth = fontMetrics().averageCharWidth() * 42;
     ui->preview->setFixedWidth(sidewidth);
+    ui->foodlist->setMinimumWidth(sidewidth);
     ui->tobeaddedpages->setFixedWidth(sidewidth);
 
     foods = new FoodListModel(controller.content(), this);
     ui->foodlist->setModel(foods);
     ui->foodlist->setItemDelegate(new FoodDelegate(this));
     ui->tobeaddedlist->setItemDelegate(new FoodDelegate(this));
-    ui->emptylabel->setForegroundRole(QPalette::PlaceholderText);
     nohitslabel
         = new QLabel(tr("No food matches what you typed.\nTry fewer words or letters."), ui->foodlist->viewport());
     nohitslabel->setObjectName(QStringLiteral("nohitslabel"));

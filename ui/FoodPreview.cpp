@@ -34,8 +34,6 @@ FoodPreview::FoodPreview(QWidget *parent)
     QFont bold = ui->namelabel->font();
     bold.setBold(true);
     ui->namelabel->setFont(bold);
-    ui->amountlabel->setForegroundRole(QPalette::PlaceholderText);
-    ui->nofoodlabel->setForegroundRole(QPalette::PlaceholderText);
     QHeaderView *header = ui->measurelist->header();
     header->setStretchLastSection(false);
     header->setSectionResizeMode(0, QHeaderView::Stretch);
