@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+
+#include "catalog/FoodCatalogue.h"
+#include "platform/NumberText.h"
+#include "platform/UserDefaults.h"
+#include "ui/ArrayController.h"
+#include "ui/TableView.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include <utility>
+
+AppDelegate::AppDelegate(Clock clock)
+    : now(std::move(clock))
+{ }
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    // The containers of the log are empty and no date is current: that is how they were made.
+    foodlist = FoodCatalogue::foodNames();
+    foodlistcontroller->setContent(foodlist);
+    nutdata = NutrientCatalogue::names();
+    nutdataunits = NutrientCatalogue::units();
+    rdamenu->addItems(nutdata); // the menu is empty before: item i stands for nutrient i
+    for (TableView *table : {logtable, nutrienttable}) {
+        table->setDelegate(this);
+        table->setDataSource(this);
+    }
+    initPrefs();
+    rdainput->setText(NumberText::fixed(double(rdas[0]), 2));
+    rdamenu->setCurrentIndex(0);
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    QVariantList values;
+    values.reserve(NutrientCatalogue::nutrientCount);
+    for (const float rda : rdas)
+        values.append(rda);
+    prefs->setObject(values, QStringLiteral("RDAs"));
+    if (!curdate.isValid())
+        return;
+    prefs->setObject(curdate, QStringLiteral("LastDate"));
+    saveDay();
+}
+
+bool AppDelegate::applicationShouldTerminateAfterLastWindowClosed() const
+{
+    return true;
+}

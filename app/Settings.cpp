@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+
+#include "platform/NumberText.h"
+#include "platform/UserDefaults.h"
+#include "ui/DatePicker.h"
+
+#include <algorithm>
+
+namespace {
+
+// The RDA that a stored element stands for: a number is itself, a text its leading number, anything else 0.
+float rdaFromStored(const QVariant &element)
+{
+    switch (element.typeId()) {
+    case QMetaType::QString:
+        return NumberText::floatValue(element.toString());
+    case QMetaType::Bool:
+        return element.toBool() ? 1.0F : 0.0F;
+    case QMetaType::Float:
+        return element.value<float>();
+    case QMetaType::Double:
+        return static_cast<float>(element.value<double>());
+    case QMetaType::Int:
+    case QMetaType::LongLong:
+        return static_cast<float>(element.toLongLong());
+    default:
+        return 0.0F;
+    }
+}
+
+// A date that the picker can show. Anything else stored as the last date counts as no date at all.
+bool isShowable(const QVariant &date)
+{
+    if (date.typeId() != QMetaType::QDateTime)
+        return false;
+    const QDate day = DatePicker::localDate(date.toDateTime());
+    return day.isValid() && day >= DatePicker::firstDate() && day <= DatePicker::lastDate();
+}
+
+QVariantList defaultRDAs()
+{
+    QVariantList values;
+    values.reserve(NutrientCatalogue::nutrientCount);
+    for (const int rda : NutrientCatalogue::defaultRDAs())
+        values.append(rda);
+    return values;
+}
+
+} // namespace
+
+void AppDelegate::initPrefs()
+{
+    prefs = &UserDefaults::standardUserDefaults();
+    // "FirstLaunch" and "ShowXNutrients" are read by nothing; they belong to the registered set all the same.
+    // "LastDate" and "RDAs" have no default on purpose: their absence is what tells a first run.
+    prefs->registerDefaults({
+        {QStringLiteral("FirstLaunch"), QStringLiteral("YES")},
+        {QStringLiteral("ShowXNutrients"), 61},
+        {QStringLiteral("RememberDate"), QStringLiteral("YES")},
+        {QStringLiteral("UseP"), QStringLiteral("YES")},
+        {QStringLiteral("RecalculateAmount"), QStringLiteral("NO")},
+    });
+
+    const QString rdaskey = QStringLiteral("RDAs");
+    const QVariant stored = prefs->objectForKey(rdaskey);
+    const bool list = stored.typeId() == QMetaType::QVariantList;
+    if (stored.isValid() && !list)
+        prefs->keepUnread(rdaskey);
+    const QVariantList values = list ? stored.toList() : defaultRDAs();
+    // A shorter list leaves the rest at 0.
+    const auto length = std::min(static_cast<std::size_t>(values.size()), rdas.size());
+    for (std::size_t i = 0; i < length; ++i)
+        rdas[i] = rdaFromStored(values[static_cast<qsizetype>(i)]);
+
+    const QVariant lastdate = prefs->objectForKey(QStringLiteral("LastDate"));
+    if (prefs->boolForKey(QStringLiteral("RememberDate")) && isShowable(lastdate))
+        setDate(lastdate.toDateTime());
+    else
+        today();
+}

@@ -1,0 +1,245 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "ui/MainInterface.h"
+
+#include "app/AppDelegate.h"
+#include "platform/NumberText.h"
+#include "platform/UserDefaults.h"
+#include "ui/AddFoodSheet.h"
+#include "ui/PopUpButtonCell.h"
+#include "ui/PreferencesSheet.h"
+#include "ui/TextFieldCellRDA.h"
+#include "ui_MainWindow.h"
+#include "ui_PreferencesSheet.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QIcon>
+#include <QMainWindow>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+const QString geometrykey = QStringLiteral("WindowGeometry");
+const QString splitterskey = QStringLiteral("WindowSplitters");
+
+TableView::Column column(const QString &identifier, const QString &title, std::unique_ptr<TableCell> cell)
+{
+    TableView::Column made;
+    made.identifier = identifier;
+    made.title = title;
+    made.cell = std::move(cell);
+    return made;
+}
+
+std::unique_ptr<TableCell> rightAligned(std::unique_ptr<TableCell> cell)
+{
+    cell->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    return cell;
+}
+
+} // namespace
+
+MainInterface::MainInterface(AppDelegate &appdelegate)
+    : controller(appdelegate)
+    , window(std::make_unique<QMainWindow>())
+    , main(std::make_unique<Ui::MainWindow>())
+    , preferences(new PreferencesSheet(window.get()))
+    , prefs(std::make_unique<Ui::PreferencesSheet>())
+    , addview(new AddFoodSheet(window.get()))
+{
+    main->setupUi(window.get());
+    prefs->setupUi(preferences);
+    makeTables();
+    main->splitter->setStretchFactor(0, 3);
+    main->splitter->setStretchFactor(1, 2);
+    connectFields();
+    connectCommands();
+    connectPreferences();
+    // A main window's shortcut is dead while a sheet is open, so the sheets carry Quit themselves.
+    preferences->addAction(main->actionquit);
+    addview->addAction(main->actionquit);
+    window->installEventFilter(this);
+    main->logtable->setFocus();
+}
+
+MainInterface::~MainInterface() = default;
+
+void MainInterface::makeTables()
+{
+    TableView *log = main->logtable;
+    log->addTableColumn(column(QStringLiteral("Name"), tr("Food"), std::make_unique<TableCell>()));
+    auto amount = column(QStringLiteral("Amount"), tr("Amount"), rightAligned(std::make_unique<TableCell>()));
+    amount.editable = true;
+    log->addTableColumn(std::move(amount));
+    log->addTableColumn(column(QStringLiteral("Unit"), tr("Unit"), std::make_unique<PopUpButtonCell>()));
+    auto energy = std::make_unique<TableCell>();
+    energy->setFormatter([](const QVariant &value) { return NumberText::fixed(double(value.toFloat()), 0); });
+    log->addTableColumn(column(QStringLiteral("Energy"), tr("Energy (kcal)"), rightAligned(std::move(energy))));
+    // The food takes what room there is; the others are as wide as what they usually hold.
+    const auto widthOf = [&](const QString &text) { return log->fontMetrics().horizontalAdvance(text) + 24; };
+    log->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    log->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    log->setColumnWidth(1, widthOf(QStringLiteral("100000.00")));
+    log->setColumnWidth(2, widthOf(QStringLiteral("1 cup (8 fl oz), diced")));
+    log->setColumnWidth(3, widthOf(tr("Energy (kcal)")));
+    log->setPlaceholderText(tr("Nothing eaten yet.\nPress Ctrl+N to add foods."));
+
+    TableView *nutrients = main->nutrienttable;
+    nutrients->addTableColumn(column(QStringLiteral("Name"), tr("Nutrient"), std::make_unique<TableCell>()));
+    nutrients->addTableColumn(
+        column(QStringLiteral("Amount"), tr("Amount"), rightAligned(std::make_unique<TextFieldCellRDA>())));
+    int widest = 0;
+    for (const QString &name : NutrientCatalogue::names())
+        widest = std::max(widest, widthOf(name));
+    nutrients->setColumnWidth(0, widest + widthOf(QString()));
+    nutrients->horizontalHeader()->setStretchLastSection(true);
+    nutrients->setStartsBlock(NutrientCatalogue::startsBlock);
+}
+
+void MainInterface::connectFields()
+{
+    controller.window = window.get();
+    controller.datepicker = main->datepicker;
+    controller.logtable = main->logtable;
+    controller.nutrienttable = main->nutrienttable;
+    controller.label = main->label;
+    controller.addview = addview;
+    controller.foodlistcontroller = addview->foodlistcontroller();
+    controller.preferences = preferences;
+    controller.rdamenu = prefs->rdamenu;
+    controller.rdainput = prefs->rdainput;
+    controller.rdalabel = prefs->rdalabel;
+}
+
+void MainInterface::connectCommand(QAction *action, Operation operation)
+{
+    connect(action, &QAction::triggered, this, [this, operation] {
+        endEditing();
+        (controller.*operation)();
+    });
+}
+
+void MainInterface::connectCommands()
+{
+    connectCommand(main->actionaddfood, &AppDelegate::addFood);
+    connectCommand(main->actioncut, &AppDelegate::cut);
+    connectCommand(main->actioncopy, &AppDelegate::copy);
+    connectCommand(main->actionpaste, &AppDelegate::paste);
+    connectCommand(main->actionremove, &AppDelegate::removeSelected);
+    connectCommand(main->actionpreviousday, &AppDelegate::previousDay);
+    connectCommand(main->actionnextday, &AppDelegate::nextDay);
+    connectCommand(main->actiontoday, &AppDelegate::today);
+    connectCommand(main->actionpreferences, &AppDelegate::showPrefs);
+    connect(main->actionselectall, &QAction::triggered, main->logtable, &QAbstractItemView::selectAll);
+    connect(main->actiondeselect, &QAction::triggered, main->logtable, &TableView::deselectAll);
+    connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
+
+    const std::pair<QAbstractButton *, QAction *> buttons[] = {
+        {main->previousdaybutton, main->actionpreviousday},
+        {main->nextdaybutton, main->actionnextday},
+        {main->todaybutton, main->actiontoday},
+        {main->addfoodbutton, main->actionaddfood},
+    };
+    for (const auto &[button, action] : buttons)
+        connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
+
+    connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
+        endEditing();
+        controller.updateDate();
+    });
+    connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
+        controller.addSelectedFoods();
+        selectAddedFood();
+    });
+    // An amount edit leaves the nutrient table as it is; a person expects fresh figures.
+    connect(main->logtable, &TableView::editingEnded, this, [this] { controller.updateNutrients(); });
+}
+
+void MainInterface::connectPreferences()
+{
+    connect(prefs->rdamenu, &QComboBox::activated, this, [this] { controller.RDAtick(); });
+    connect(prefs->rdainput, &QLineEdit::returnPressed, this, [this] { controller.setRDA(); });
+    connect(prefs->setbutton, &QAbstractButton::clicked, this, [this] { controller.setRDA(); });
+    connect(prefs->resetbutton, &QAbstractButton::clicked, this, [this] { controller.RDAreset(); });
+    connect(prefs->closebutton, &QAbstractButton::clicked, this, [this] { controller.hidePrefs(); });
+    connect(preferences, &PreferencesSheet::hidePrefs, this, [this] { controller.hidePrefs(); });
+    connect(preferences, &QDialog::finished, this, [this] {
+        controller.RDAtick(); // what was typed and not set is discarded
+        controller.updateNutrients(); // a reset shows now
+    });
+    connectSetting(prefs->recalculateamount, QStringLiteral("RecalculateAmount"));
+    connectSetting(prefs->rememberdate, QStringLiteral("RememberDate"));
+    for (QCheckBox *box : {main->usep, prefs->prefsusep})
+        connect(box, &QAbstractButton::clicked, this, &MainInterface::setUseP);
+}
+
+void MainInterface::connectSetting(QCheckBox *box, const QString &key)
+{
+    connect(box, &QAbstractButton::clicked, this,
+        [key](bool checked) { UserDefaults::standardUserDefaults().setObject(checked, key); });
+}
+
+void MainInterface::setUseP(bool percentages)
+{
+    UserDefaults::standardUserDefaults().setObject(percentages, QStringLiteral("UseP"));
+    main->usep->setChecked(percentages);
+    prefs->prefsusep->setChecked(percentages);
+    controller.updateNutrients();
+}
+
+void MainInterface::showSettings()
+{
+    const UserDefaults &store = UserDefaults::standardUserDefaults();
+    const bool percentages = store.boolForKey(QStringLiteral("UseP"));
+    main->usep->setChecked(percentages);
+    prefs->prefsusep->setChecked(percentages);
+    prefs->recalculateamount->setChecked(store.boolForKey(QStringLiteral("RecalculateAmount")));
+    prefs->rememberdate->setChecked(store.boolForKey(QStringLiteral("RememberDate")));
+}
+
+void MainInterface::show()
+{
+    showSettings();
+    const UserDefaults &store = UserDefaults::standardUserDefaults();
+    window->restoreGeometry(store.objectForKey(geometrykey).toByteArray());
+    if (!main->splitter->restoreState(store.objectForKey(splitterskey).toByteArray()))
+        main->splitter->setSizes({600, 400});
+    window->show();
+}
+
+void MainInterface::raise()
+{
+    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+    window->show();
+    window->raise();
+    window->activateWindow();
+}
+
+void MainInterface::endEditing()
+{
+    main->logtable->endEditing();
+}
+
+// Leaves the keyboard on the entry added last, so that a number typed next is its amount.
+void MainInterface::selectAddedFood()
+{
+    main->logtable->setFocus();
+}
+
+void MainInterface::saveWindowState(UserDefaults &store) const
+{
+    store.setObject(window->saveGeometry(), geometrykey);
+    store.setObject(main->splitter->saveState(), splitterskey);
+}
+
+bool MainInterface::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Close)
+        endEditing();
+    return QObject::eventFilter(watched, event);
+}

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QObject>
+
+#include <memory>
+
+class AddFoodSheet;
+class AppDelegate;
+class QAction;
+class QMainWindow;
+class PreferencesSheet;
+class QCheckBox;
+class UserDefaults;
+namespace Ui {
+class MainWindow;
+class PreferencesSheet;
+} // namespace Ui
+
+// The interface as described by the .ui files, loaded and connected to the controller: its controls become the
+// controller's fields, their signals its actions. What the controller leaves to the interface stands here too: that an
+// open editor is ended before a command, that fresh totals are asked for after an edit, and how the settings' check
+// boxes reach the store. Owns all windows; the controller must outlive it.
+class MainInterface final : public QObject {
+public:
+    explicit MainInterface(AppDelegate &appdelegate);
+    ~MainInterface() override;
+    Q_DISABLE_COPY_MOVE(MainInterface)
+
+    // Shows the main window where it last stood. Called when launching has finished.
+    void show();
+    // Brings the window to the front for a second start of the program.
+    void raise();
+    // Ends an open amount editor; what was typed goes to its row.
+    void endEditing();
+    // Writes the window's place and the splitter's.
+    void saveWindowState(UserDefaults &store) const;
+
+    [[nodiscard]] QMainWindow *mainWindow() const { return window.get(); }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    using Operation = void (AppDelegate::*)();
+
+    void makeTables();
+    void connectFields();
+    void connectCommands();
+    void connectPreferences();
+    void connectSetting(QCheckBox *box, const QString &key);
+    void setUseP(bool percentages);
+    void showSettings();
+    void selectAddedFood();
+
+    // Sends the operation when the action is chosen, after ending an open editor.
+    void connectCommand(QAction *action, Operation operation);
+
+    AppDelegate &controller;
+    std::unique_ptr<QMainWindow> window;
+    std::unique_ptr<Ui::MainWindow> main;
+    PreferencesSheet *preferences; // a child of the window, as the other sheet is
+    std::unique_ptr<Ui::PreferencesSheet> prefs;
+    AddFoodSheet *addview;
+};

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+
+#include "platform/NumberText.h"
+#include "platform/UserDefaults.h"
+#include "ui/TableView.h"
+#include "ui/TextFieldCellRDA.h"
+
+#include <QColor>
+
+#include <algorithm>
+
+QString AppDelegate::nutrientValue(const QString &column, int row) const
+{
+    if (column == QStringLiteral("Name"))
+        return QStringLiteral("   ") + nutdata[row];
+    if (column == QStringLiteral("Amount"))
+        return prefs->boolForKey(QStringLiteral("UseP")) ? percentText(row) : amountText(row);
+    return {};
+}
+
+float AppDelegate::displayedSum(int index) const
+{
+    const auto i = static_cast<std::size_t>(index);
+    return logtable->selectedRowIndexes().isEmpty() ? nutrientstotal[i] : nutrientsselected[i];
+}
+
+// The share of the RDA that has been eaten: 1 is all of it, and it may well be more. 0 without an RDA above 0.
+float AppDelegate::rdaRatio(int index) const
+{
+    const float rda = rdas[static_cast<std::size_t>(index)];
+    return rda > 0.0F ? displayedSum(index) / rda : 0.0F;
+}
+
+QString AppDelegate::amountText(int index) const
+{
+    return NumberText::fixed(double(displayedSum(index)), 2) + u' ' + nutdataunits[index];
+}
+
+QString AppDelegate::percentText(int index) const
+{
+    return NumberText::fixed(double(rdaRatio(index) * 100.0F), 0) + QStringLiteral(" %");
+}
+
+// The bar is prepared whether amounts or percentages are shown.
+void AppDelegate::prepareBar(TextFieldCellRDA &cell, int row) const
+{
+    const float ratio = rdaRatio(row);
+    cell.setPercent(ratio); // the ratio, whatever the name says
+    cell.setDrawsBackground(ratio != 0.0F);
+    if (ratio != 0.0F)
+        cell.setBackgroundColor(Qt::transparent);
+}
+
+// "Vitamin C, 54.00 mg, 90 % of the RDA (60.00 mg)", and on a second line what gave most of it.
+QString AppDelegate::nutrientSentence(int index) const
+{
+    const float rda = rdas[static_cast<std::size_t>(index)];
+    QString text = nutdata[index] + QStringLiteral(", ") + amountText(index);
+    if (rda > 0.0F)
+        text += QStringLiteral(", ") + percentText(index) + QStringLiteral(" of the RDA (")
+            + NumberText::fixed(double(rda), 2) + u' ' + nutdataunits[index] + u')';
+    const QString sources = mainSources(index);
+    return sources.isEmpty() ? text : text + u'\n' + sources;
+}
+
+// The three shown entries that give most of a displayed sum, with their shares; empty when the sum is not above 0.
+QString AppDelegate::mainSources(int index) const
+{
+    const float sum = displayedSum(index);
+    if (!(sum > 0.0F))
+        return {};
+    const std::vector<float> &amounts = nutrients[static_cast<std::size_t>(index)];
+    std::vector<std::size_t> rows;
+    const QList<int> selected = logtable->selectedRowIndexes();
+    for (std::size_t row = 0; row < amounts.size(); ++row)
+        if (amounts[row] > 0.0F
+            && (selected.isEmpty() || std::binary_search(selected.begin(), selected.end(), static_cast<int>(row))))
+            rows.push_back(row);
+    const std::size_t shown = std::min<std::size_t>(rows.size(), 3);
+    // Equal amounts stay in log order.
+    std::partial_sort(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(shown), rows.end(),
+        [&](std::size_t a, std::size_t b) { return amounts[a] > amounts[b] || (amounts[a] == amounts[b] && a < b); });
+    QStringList sources;
+    for (std::size_t i = 0; i < shown; ++i)
+        sources.append(foods[rows[i]]->name().value_or(QString()) + u' '
+            + NumberText::fixed(double(amounts[rows[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
+    return sources.join(QStringLiteral("; "));
+}
+
+QString AppDelegate::toolTipForCell(const TableView *table, const QString &column, int row)
+{
+    if (table == nutrienttable)
+        return nutrientSentence(row);
+    // A long name is cut off in its column.
+    if (table == logtable && column == QStringLiteral("Name"))
+        return foods[static_cast<std::size_t>(row)]->name().value_or(QString());
+    return {};
+}
+
+void AppDelegate::updateNutrients()
+{
+    nutrienttable->reloadData();
+}
