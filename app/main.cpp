@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "app/AppDelegate.h"
+#include "app/SingleInstance.h"
+#include "app/TerminationSignals.h"
+#include "platform/UserDefaults.h"
+#include "ui/MainInterface.h"
+
+#include <QApplication>
+#include <QSessionManager>
+
+namespace {
+
+// Saves what the program ends with, and where its window stood, in one transaction: all of it or nothing.
+void save(AppDelegate &controller, const MainInterface &interface, UserDefaults &store)
+{
+    UserDefaults::Transaction transaction(store);
+    controller.applicationWillTerminate();
+    interface.saveWindowState(store);
+    transaction.commit();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("provender"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Provender"));
+    QApplication::setApplicationVersion(QStringLiteral(PROVENDER_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.provender.Provender"));
+
+    MainInterface *shown = nullptr;
+    const QString storepath = UserDefaults::standardStorePath();
+    const SingleInstance instance(storepath, [&shown] {
+        if (shown != nullptr)
+            shown->raise();
+    });
+    if (!instance.isFirst())
+        return 0;
+
+    UserDefaults store(storepath);
+    UserDefaults::setStandardUserDefaults(&store);
+    AppDelegate controller;
+    MainInterface interface(controller);
+    QApplication::setQuitOnLastWindowClosed(controller.applicationShouldTerminateAfterLastWindowClosed());
+    QObject::connect(
+        &application, &QCoreApplication::aboutToQuit, &controller, [&] { save(controller, interface, store); });
+    // A session manager's request saves at once and the program goes on: the session may yet stay.
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &controller, [&](QSessionManager &) {
+        interface.endEditing();
+        save(controller, interface, store);
+    });
+    const TerminationSignals signals_([] { QCoreApplication::quit(); });
+
+    controller.applicationDidFinishLaunching();
+    interface.show();
+    shown = &interface;
+    return QApplication::exec();
+}
