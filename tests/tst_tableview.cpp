@@ -348,18 +348,25 @@ private slots:
             const bool changed = ruled.copy(0, y, ruled.width(), 1) != plain.copy(0, y, plain.width(), 1);
             QCOMPARE(changed, row == 2 || row == 4);
         }
-        const QColor rule = ruled.pixelColor(ruled.width() - 1, table->rowViewportPosition(2));
-        QCOMPARE(rule.rgb(), table->palette().color(QPalette::Mid).rgb());
     }
 
-    void theRuleIsStillThereAfterScrolling()
+    void theRuleIsSeenInALightAndADarkThemeAndAfterScrolling()
     {
         load(100);
         table->setStartsBlock([](int row) { return row == 40; });
         table->verticalScrollBar()->setValue(table->rowHeight(0) * 39 + 3);
-        const QImage image = table->viewport()->grab().toImage();
-        QCOMPARE(image.pixel(image.width() - 1, table->rowViewportPosition(40)),
-            table->palette().color(QPalette::Mid).rgb());
+        for (const auto &[base, text] : {std::pair(255, 0), std::pair(30, 230)}) {
+            QPalette palette;
+            palette.setColor(QPalette::Base, QColor(base, base, base));
+            palette.setColor(QPalette::Text, QColor(text, text, text));
+            table->setPalette(palette);
+            const QImage image = table->viewport()->grab().toImage();
+            const int x = image.width() - 1;
+            const int y = table->rowViewportPosition(40);
+            QVERIFY(std::abs(qRed(image.pixel(x, y)) - base) > 50);
+            QCOMPARE(qRed(image.pixel(x, y - 2)), base);
+            QCOMPARE(qRed(image.pixel(x, y + 2)), base);
+        }
     }
 
     void anEmptyTableSaysWhatToDo()

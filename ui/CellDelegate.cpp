@@ -64,7 +64,7 @@ QWidget *CellDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const
 {
     auto *editor = new CellEditor(parent);
-    editor->setFrame(false);
+    editor->setFrame(true);
     editor->setAlignment(cells->cell(index.column())->alignment());
     const QString title = cells->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString();
     const QString subject = index.siblingAtColumn(0).data(Qt::DisplayRole).toString();

@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr qreal sidemargin = 5.0; // the header's own text starts as far in
+constexpr qreal sidemargin = 6.0;
 
 QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
 {

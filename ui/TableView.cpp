@@ -12,12 +12,36 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QPainter>
+#include <QStyleOptionHeader>
 
 #include <utility>
 
 namespace {
 
 constexpr int rowpadding = 7; // pixels of a row's height that are not its text's
+
+// The titles stand as far from the edges as the cells' texts do. Styles leave them next to no room, so that a title
+// set to the right touches the next one.
+class TitleHeader final : public QHeaderView {
+public:
+    using QHeaderView::QHeaderView;
+
+protected:
+    void initStyleOptionForIndex(QStyleOptionHeader *option, int logicalindex) const override
+    {
+        QHeaderView::initStyleOptionForIndex(option, logicalindex);
+        option->text = QChar::Nbsp + option->text + QChar::Nbsp;
+    }
+};
+
+// Between the background and the text, whatever the theme: a palette's own greys vanish in a dark one.
+QColor ruleColor(const QPalette &palette)
+{
+    const QColor base = palette.color(QPalette::Base);
+    const QColor text = palette.color(QPalette::Text);
+    const auto between = [](int from, int to) { return from + (to - from) * 3 / 10; };
+    return {between(base.red(), text.red()), between(base.green(), text.green()), between(base.blue(), text.blue())};
+}
 
 } // namespace
 
@@ -43,6 +67,7 @@ TableView::TableView(QWidget *parent)
     setCornerButtonEnabled(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollMode(ScrollPerPixel);
+    setHorizontalHeader(new TitleHeader(Qt::Horizontal, this));
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
     horizontalHeader()->setResizeContentsPrecision(0);
@@ -172,7 +197,7 @@ void TableView::paintBlockRules(QPainter &painter, const QRect &exposed) const
 {
     if (!startsblock)
         return;
-    painter.setPen(palette().color(QPalette::Mid));
+    painter.setPen(ruleColor(palette()));
     for (int row = rowAt(exposed.top()); row >= 0 && row <= lastRowAbove(exposed.bottom()); ++row) {
         if (startsblock(row))
             painter.drawLine(0, rowViewportPosition(row), viewport()->width(), rowViewportPosition(row));
