@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QImage>
 #include <QPainter>
+#include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOptionViewItem>
 #include <QtTest>
@@ -124,7 +125,21 @@ public:
     TableView view;
 };
 
-// The height and the end of what is painted in one colour along the middle of the row.
+// Notes the states of the panels it is asked for.
+class PanelStyle final : public QProxyStyle {
+public:
+    void drawPrimitive(
+        PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const override
+    {
+        if (element == PE_PanelItemViewItem)
+            panels.append(option->state);
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+    }
+
+    mutable QList<QStyle::State> panels;
+};
+
+// How far one colour reaches from the frame's left edge along the middle of the row.
 int lengthOf(const QImage &image, const QRect &frame, QColor color)
 {
     const int y = frame.center().y();
@@ -336,6 +351,24 @@ private slots:
         }
         QVERIFY2(darkest < 40, qPrintable(QString::number(darkest)));
         QVERIFY2(lightest > 200, qPrintable(QString::number(lightest)));
+    }
+
+    void theStylesPanelLiesBelowAndIsNeverASelectedOne()
+    {
+        PanelStyle style;
+        QWidget widget;
+        widget.setStyle(&style);
+        QImage image(200, 20, QImage::Format_RGB32);
+        QPainter painter(&image);
+        QStyleOptionViewItem option;
+        option.widget = &widget;
+        option.state = QStyle::State_Enabled | QStyle::State_Selected | QStyle::State_MouseOver;
+        TextFieldCellRDA().drawWithFrame(painter, {0, 0, 200, 20}, option);
+        QCOMPARE(style.panels.size(), 1);
+        QVERIFY(!style.panels.first().testFlag(QStyle::State_Selected));
+        QVERIFY(style.panels.first().testFlag(QStyle::State_MouseOver));
+        TableCell().drawWithFrame(painter, {0, 0, 200, 20}, option);
+        QVERIFY(style.panels.last().testFlag(QStyle::State_Selected));
     }
 
     void anOpaqueBackgroundIsPaintedOverTheBarAndATransparentOneIsNot()

@@ -217,6 +217,10 @@ private slots:
         QCOMPARE(rowsseen, 5);
         QCOMPARE(source.proposals.size(), 0);
         forget();
+        source.entries.resize(4); // row 4 is the first that is gone
+        table->reloadData();
+        QCOMPARE(source.notes, QStringList{QStringLiteral("selected [1]")});
+        forget();
         source.entries.clear();
         table->reloadData();
         QCOMPARE(source.notes, QStringList{QStringLiteral("selected []")});
@@ -460,6 +464,23 @@ private slots:
         QCOMPARE(table->selectedRowIndexes(), (QList<int>{2, 4}));
         QCOMPARE(source.notes, none());
         QVERIFY(source.proposals.size() >= 5);
+    }
+
+    void aProposalStartsFromWhatIsSelected()
+    {
+        load(6);
+        const auto controlClick = [this](int row) {
+            QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, row, 0));
+        };
+        source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
+        controlClick(1);
+        source.filter = nullptr;
+        controlClick(2);
+        QCOMPARE(source.proposals, (QList<QList<int>>{{1}, {2}}));
+        table->selectRowIndexes({4, 5});
+        controlClick(3);
+        QCOMPARE(source.proposals.last(), (QList<int>{3, 4, 5}));
+        QCOMPARE(table->selectedRowIndexes(), (QList<int>{3, 4, 5}));
     }
 
     void aTableThatRefusesEverythingNeverSelects()

@@ -20,7 +20,7 @@ class CellEditor final : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
 
-    QString shown; // what the cell showed, or what was delivered last
+    QString shown; // when it was opened
 };
 
 QString plainToolTip(const QString &text)
@@ -85,7 +85,6 @@ void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, cons
     const QString text = line->text();
     if (text == line->shown)
         return;
-    line->shown = text;
     model->setData(index, text, Qt::EditRole);
 }
 

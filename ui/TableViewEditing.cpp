@@ -86,8 +86,6 @@ void TableView::mousePressEvent(QMouseEvent *event)
     if (plain && index.isValid() && openMenu(index))
         return;
     QTableView::mousePressEvent(event);
-    if (plain && !index.isValid())
-        rowselection->clearSelection();
 }
 
 void TableView::mouseDoubleClickEvent(QMouseEvent *event)
