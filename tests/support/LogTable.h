@@ -34,6 +34,14 @@ public:
     std::function<void()> onSelection;
     const TableView *table = nullptr;
 
+    void forget()
+    {
+        notes.clear();
+        asked.clear();
+        prepared.clear();
+        proposals.clear();
+    }
+
     void fill(int count)
     {
         entries.clear();

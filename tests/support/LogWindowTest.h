@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "tests/support/LogTable.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QLineEdit>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <memory>
+
+// A test of a table between two fields, in a window that is active; the table has five rows and the focus. Keys go
+// where the focus is. Tests of it are private slots of a class derived from this one.
+class LogWindowTest : public QObject {
+protected:
+    static constexpr int name = 0;
+    static constexpr int amount = 1;
+    static constexpr int unit = 2;
+    static constexpr int energy = 3;
+
+    LogSource source;
+    std::unique_ptr<QWidget> window;
+    QLineEdit *before = nullptr;
+    TableView *table = nullptr;
+    QLineEdit *after = nullptr;
+    std::unique_ptr<QAbstractItemModelTester> tester;
+
+    void makeCurrent(int row, int column)
+    {
+        table->selectionModel()->setCurrentIndex(cellAt(*table, row, column), QItemSelectionModel::NoUpdate);
+    }
+
+    // The open editor, or null.
+    QLineEdit *editor() const
+    {
+        for (QLineEdit *line : table->findChildren<QLineEdit *>()) {
+            if (line->isVisible())
+                return line;
+        }
+        return nullptr;
+    }
+
+    int editedRow() const { return editor() == nullptr ? -1 : table->indexAt(editor()->geometry().center()).row(); }
+
+    void type(const char *keys) { QTest::keyClicks(qApp->focusWidget(), QString::fromLatin1(keys)); }
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        QTest::keyClick(qApp->focusWidget(), key, modifiers);
+    }
+
+    QString shown(int row, int column) const { return cellAt(*table, row, column).data().toString(); }
+
+    void makeWindow()
+    {
+        source = LogSource();
+        window = std::make_unique<QWidget>();
+        auto *layout = new QVBoxLayout(window.get());
+        before = new QLineEdit;
+        table = new TableView;
+        after = new QLineEdit;
+        layout->addWidget(before);
+        layout->addWidget(table);
+        layout->addWidget(after);
+        source.table = table;
+        addLogColumns(*table);
+        table->setDataSource(&source);
+        table->setDelegate(&source);
+        tester = std::make_unique<QAbstractItemModelTester>(
+            table->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+        source.fill(5);
+        table->reloadData();
+        window->resize(500, 400);
+        window->show();
+        window->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window.get()));
+        table->setFocus();
+        table->viewport()->grab();
+        source.forget();
+    }
+
+    void dropWindow()
+    {
+        tester.reset();
+        window.reset();
+    }
+};
