@@ -1,0 +1,112 @@
+#!/bin/bash
+# SPDX-FileCopyrightText: 2026 Provender developers
+# SPDX-License-Identifier: MIT
+#
+# try-package.sh <package.deb>: what a person does with the package, in a bare Debian 12 root: installs it, starts the
+# program as a user, adds a food, quits, removes the package. Wants root, the network and tools/set-up.sh build try;
+# pictures and the root stay under build/try-package. The display and the keys are those of this machine.
+# shellcheck disable=SC2016 # what stands in single quotes is expanded by somebody else
+set -euo pipefail
+
+package=$(realpath "$1")
+project=$(cd "$(dirname "$0")/.." && pwd)
+place=$project/build/try-package
+root=$place/root
+store=/home/eater/.local/share/provender/preferences.sqlite
+mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
+
+mkdir -p "$place"
+if [[ ! -f $place/bare.tar ]]; then
+    rm -rf "$place/bare"
+    debootstrap --variant=minbase bookworm "$place/bare" "$mirror" > "$place/debootstrap.log"
+    tar -C "$place/bare" -cf "$place/bare.tar.new" .
+    mv "$place/bare.tar.new" "$place/bare.tar"
+    rm -rf "$place/bare"
+fi
+rm -rf --one-file-system "$root"
+mkdir "$root"
+tar -C "$root" -xf "$place/bare.tar"
+cp -L /etc/resolv.conf "$root/etc/resolv.conf"
+cp "$package" "$root/provender.deb"
+
+# in_root <command> [argument]...: in mount and process namespaces of its own, so that nothing stays mounted or running.
+in_root() {
+    unshare --mount --pid --fork --kill-child /bin/bash -c '
+        mount --make-rprivate /
+        mount --rbind /dev "$0/dev"
+        mount -t proc proc "$0/proc"
+        exec chroot "$0" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive "$@"' \
+        "$root" "$@"
+}
+
+fail() {
+    echo "FAIL: $1" >&2
+    exit 1
+}
+
+# soon <command> [argument]...: whether the command succeeds within 20 seconds.
+soon() {
+    for ((attempt = 0; attempt < 200; attempt++)); do
+        "$@" && return
+        sleep 0.1
+    done
+    return 1
+}
+
+# There is no window manager, so the keys have to be sent to the topmost window: the last that xdotool lists.
+windows() { xdotool search --onlyvisible --class provender 2> /dev/null; }
+windows_are() { (($(windows | wc -l) == $1)); }
+focus() { xdotool windowfocus --sync "$(windows | tail -n 1)"; }
+# Taking a picture waits until the screen has settled, so keys that are sent afterwards find their window ready.
+picture() { "$project/build/release/bin/grab-screen" "$place/$1.png"; }
+
+apt=(in_root apt-get -q -y -o Dpkg::Use-Pty=0)
+"${apt[@]}" update > "$place/apt.log" 2>&1
+"${apt[@]}" install --no-install-recommends /provender.deb >> "$place/apt.log" 2>&1
+in_root useradd --create-home eater
+echo "installed: $(in_root dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KiB' provender)"
+
+server=
+program=
+end_all() {
+    [[ -z $program ]] || kill "$program" 2> /dev/null || true
+    [[ -z $server ]] || kill "$server"
+}
+trap end_all EXIT
+coproc display { exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$place/display.log"; }
+server=$!
+read -r -t 20 -u "${display[0]}" number
+mkdir -p "$place/runtime"
+chmod 0700 "$place/runtime"
+export DISPLAY=:$number QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$place/runtime
+
+in_root setpriv --reuid=eater --regid=eater --init-groups \
+    env HOME=/home/eater DISPLAY="$DISPLAY" provender > "$place/program.log" 2>&1 &
+program=$!
+soon windows_are 1 || fail 'no window appeared'
+focus
+picture 1-started
+xdotool key ctrl+n
+soon windows_are 2 || fail 'the list of foods did not open'
+focus
+picture 2-list
+xdotool type 'apricots, raw'
+picture 3-typed
+xdotool key Return
+soon windows_are 1 || fail 'the list of foods did not close'
+focus
+picture 4-added
+echo "a food was added: $place/4-added.png"
+xdotool key ctrl+q
+running() { kill -0 "$program" 2> /dev/null; }
+ended() { ! running; }
+soon ended || fail 'the program did not end'
+program=
+grep -a -q 'Apricots, raw' "$root$store" || fail 'the food is not in the store'
+before=$(sha256sum < "$root$store")
+
+"${apt[@]}" purge provender >> "$place/apt.log" 2>&1
+[[ ! -e $root/usr/bin/provender && ! -e $root/usr/share/provender ]] || fail 'the package left something behind'
+[[ $(sha256sum < "$root$store") == "$before" ]] || fail "the user's store was touched"
+echo "removed, and the user's store is as it was"
+rm -rf --one-file-system "$root"
