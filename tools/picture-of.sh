@@ -4,16 +4,18 @@
 #
 # picture-of.sh <picture.png> <program> [argument]...: starts the program on a virtual display of its own, waits until
 # its window is painted, saves a picture of it and ends both. Nothing of the user's is read or written: the program's
-# home is a folder beside the picture. Wants the release build's grab-screen.
+# home is a folder beside the picture. Wants grab-screen beside the program.
 set -euo pipefail
 
 picture=$(realpath "$1")
 shift
-grab=$(cd "$(dirname "$0")/.." && pwd)/build/release/bin/grab-screen
+grab=$(dirname "$1")/grab-screen
 home=${picture%.png}-home
 
-mkdir -p "$home"
-export HOME=$home QT_QPA_PLATFORM=xcb
+rm -rf "$home"
+mkdir -p "$home/run"
+chmod 0700 "$home/run"
+export HOME=$home XDG_RUNTIME_DIR=$home/run QT_QPA_PLATFORM=xcb
 unset XDG_DATA_HOME XDG_CONFIG_HOME XDG_CACHE_HOME WAYLAND_DISPLAY
 
 program=
