@@ -8,6 +8,7 @@
 #include "ui/MainInterface.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QSessionManager>
 
 namespace {
@@ -29,6 +30,11 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("provender"));
     QApplication::setApplicationDisplayName(QStringLiteral("Provender"));
     QApplication::setApplicationVersion(QStringLiteral(PROVENDER_VERSION));
+    // Loaded from PNG: SVG at run time would want a plugin.
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), {size, size});
+    QApplication::setWindowIcon(icon);
     QApplication::setDesktopFileName(QStringLiteral("org.provender.Provender"));
 
     MainInterface *shown = nullptr;

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <bit>
+#include <clocale>
 #include <limits>
 #include <sys/stat.h>
 
@@ -104,6 +105,10 @@ private slots:
         files->writeElements(name, "<nutrient name='Energy' amount='" + text + "'/>");
         const float expected = value / 100.0F * 100.0F;
         QCOMPARE(std::bit_cast<quint32>(energyOf(name)), std::bit_cast<quint32>(expected));
+        QVERIFY(std::setlocale(LC_ALL, "de_DE.UTF-8")); // with a decimal comma; made for the tests
+        const float underComma = energyOf(name);
+        std::setlocale(LC_ALL, "C");
+        QCOMPARE(std::bit_cast<quint32>(underComma), std::bit_cast<quint32>(expected));
     }
 
     void theLastOfTwoNutrientsWins()
