@@ -10,7 +10,7 @@
 
 QString AppDelegate::dayKey(const QDateTime &date)
 {
-    const QDate day = date.toLocalTime().date();
+    const QDate day = DatePicker::localDate(date);
     return QStringLiteral("%1_%2_%3")
         .arg(day.year(), 4, 10, QLatin1Char('0'))
         .arg(day.month(), 2, 10, QLatin1Char('0'))
