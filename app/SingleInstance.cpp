@@ -52,21 +52,30 @@ bool isOurUser(int connection)
     return ::getsockopt(connection, SOL_SOCKET, SO_PEERCRED, &peer, &length) == 0 && peer.uid == ::getuid();
 }
 
-// Asks the listening instance to show itself. False when it went away without an answer, so that its place is free.
-bool askToRaise(const QByteArray &name)
+enum class Reply { Asked, Gone, Stranger };
+
+// Asks the listening instance to show itself. Gone when it went away without an answer, so that its place is free.
+Reply askToRaise(const QByteArray &name)
 {
-    const int connection = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    // Not blocking: connecting would wait for ever for one that is stopped and has had its fill of connections.
+    const int connection = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (connection < 0)
+        return Reply::Gone;
     const Address address(name);
-    bool gone = connection < 0 || ::connect(connection, address.get(), address.length) != 0;
-    if (!gone && isOurUser(connection)) {
+    Reply reply = Reply::Asked;
+    if (::connect(connection, address.get(), address.length) != 0) {
+        reply = errno == EAGAIN ? Reply::Asked : Reply::Gone;
+    } else if (!isOurUser(connection)) {
+        reply = Reply::Stranger;
+    } else {
         char byte = 'r';
         pollfd waiting = {connection, POLLIN, 0};
-        gone = ::send(connection, &byte, 1, MSG_NOSIGNAL) != 1
-            || (::poll(&waiting, 1, patience) > 0 && ::read(connection, &byte, 1) != 1);
+        if (::send(connection, &byte, 1, MSG_NOSIGNAL) != 1
+            || (::poll(&waiting, 1, patience) > 0 && ::read(connection, &byte, 1) != 1))
+            reply = Reply::Gone;
     }
-    if (connection >= 0)
-        ::close(connection);
-    return !gone;
+    ::close(connection);
+    return reply;
 }
 
 } // namespace
@@ -78,7 +87,10 @@ SingleInstance::SingleInstance(const QString &storepath, std::function<void()> r
     for (int attempt = 0; attempt < attempts; ++attempt) {
         if (listen(name) || errno != EADDRINUSE)
             return;
-        if (askToRaise(name))
+        const Reply reply = askToRaise(name);
+        if (reply == Reply::Stranger) // who took the name to keep us out: the store itself has a lock
+            return;
+        if (reply == Reply::Asked)
             break;
     }
     first = false;

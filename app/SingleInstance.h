@@ -22,7 +22,8 @@ public:
     Q_DISABLE_COPY_MOVE(SingleInstance)
 
     // False when another instance holds the store: it has been asked to show itself, and this one is to end, whether or
-    // not that one answered. True when this is the first, or when no socket could be had at all.
+    // not that one answered. True when this is the first, or when no socket could be had at all: another user may have
+    // taken the name.
     [[nodiscard]] bool isFirst() const { return first; }
 
 private:

@@ -58,7 +58,7 @@ TerminationSignals::~TerminationSignals()
 {
     if (receiver < 0)
         return;
-    setHandler(SIG_DFL);
+    setHandler(SIG_IGN); // the program is ending: a request that comes late must not make a failure of it
     ::close(signalsender);
     ::close(receiver);
     signalsender = -1;
