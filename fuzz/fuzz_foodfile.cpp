@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "fuzz/Fuzzing.h"
+#include "model/Food.h"
+#include "platform/Bundle.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+// The input is a food's file; the food is asked all that the window asks.
+int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    static const QTemporaryDir folder(Fuzzing::scratch());
+    static QFile file(folder.filePath(QStringLiteral("Database.xml/Input.xml")));
+    if (!file.isOpen()) {
+        QDir(folder.path()).mkpath(QStringLiteral("Database.xml"));
+        Bundle::mainBundle().setResourcePath(folder.path());
+        Fuzzing::require(file.open(QIODevice::ReadWrite | QIODevice::Unbuffered), "the scratch file opens");
+    }
+    file.resize(0);
+    file.seek(0);
+    file.write(reinterpret_cast<const char *>(data), static_cast<qint64>(size));
+
+    Food food(QStringLiteral("Input"));
+    const QStringList units = food.getUnitNames();
+    Fuzzing::require(!units.isEmpty() && units.first() == QStringLiteral("g"), "the first unit is g");
+    for (int i = 0; i < NutrientCatalogue::nutrientCount; ++i)
+        (void)food.getAmountOfNutrient(i);
+    Fuzzing::require(
+        Fuzzing::same(food.getGrams(), 100.0F) || units.count(QStringLiteral("g")) != 1, "a fresh food weighs 100 g");
+    for (qsizetype i = 0; i < units.size(); ++i) {
+        Fuzzing::require(food.gramsOfUnit(units[i]).has_value(), "every unit has a weight");
+        food.setUnit(units[i], static_cast<qint32>(i), i % 2 == 1);
+        Fuzzing::require(food.curunit() == units[i], "a unit of the list is taken");
+        (void)food.getGrams();
+    }
+    return 0;
+}

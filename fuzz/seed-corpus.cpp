@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+// Writes the seed corpus of the fuzz targets into fuzz/corpus/<subject>/ of the source tree: real food files, the
+// records and day logs that the program makes of them, and texts as people type them.
+
+#include "model/FoodRecord.h"
+#include "platform/Bundle.h"
+#include "platform/PropertyList.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QVariant>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+const QString sources = QStringLiteral(SOURCE_DIR);
+const QStringList names = {QStringLiteral("Apricots, raw"),
+    QStringLiteral("Milk, whole, 3.25% milkfat, with added vitamin D"), QStringLiteral("Egg, whole, raw, fresh")};
+
+void write(const char *subject, const char *name, const QByteArray &bytes)
+{
+    const QString folder = sources + QStringLiteral("/fuzz/corpus/") + QString::fromLatin1(subject);
+    QDir().mkpath(folder);
+    QFile file(folder + u'/' + QString::fromLatin1(name));
+    if (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size())
+        return;
+    std::fprintf(stderr, "seed-corpus: cannot write %s\n", qPrintable(file.fileName()));
+    std::exit(EXIT_FAILURE);
+}
+
+QByteArray foodFile(const QString &name)
+{
+    QFile file(sources + QStringLiteral("/resources/Database.xml/") + name + QStringLiteral(".xml"));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// The records of the three foods, each in its second unit.
+QVariantList dayLog()
+{
+    QVariantList records;
+    for (const QString &name : names) {
+        Food food(name);
+        food.setUnit(food.getUnitNames().value(1), 1, true);
+        records.append(FoodRecord::archivedDataWithRootObject(food));
+    }
+    return records;
+}
+
+// One value of a store as the store's target reads it.
+QByteArray stored(char key, const QVariant &value)
+{
+    const QByteArray bytes = PropertyList::write(value).value_or(QByteArray());
+    return QByteArray(1, key) + char(bytes.size() & 0xff) + char(bytes.size() >> 8) + bytes;
+}
+
+} // namespace
+
+int main()
+{
+    Bundle::mainBundle().setResourcePath(sources + QStringLiteral("/resources"));
+    write("foodfile", "apricots", foodFile(names[0]));
+    write("foodfile", "milk", foodFile(names[1]));
+
+    const QVariantList day = dayLog();
+    write("foodrecord", "apricots", day[0].toByteArray());
+    write("foodrecord", "egg", day[2].toByteArray());
+
+    QVariantList rdas;
+    for (int i = 0; i < 61; ++i)
+        rdas.append(1.5F * float(i));
+    const QDateTime date({2026, 11, 20}, {12, 0}, Qt::UTC);
+    write("propertylist", "day", *PropertyList::write(day));
+    write("propertylist", "rdas", *PropertyList::write(rdas));
+    write("propertylist", "date", *PropertyList::write(date));
+
+    const QByteArray settings = stored(4, date) + stored(5, QStringLiteral("YES")) + stored(6, false);
+    write("store", "day", QByteArray("\2\0", 2) + stored(0, day) + stored(3, rdas));
+    write("store", "yesterday", QByteArray("\2\70", 2) + stored(1, day) + settings);
+    write("store", "damaged", QByteArray("\0\20", 2) + stored(0, day + rdas.mid(0, 3)) + stored(3, QString()));
+    write("store", "nostore", QByteArray("\1\0SQLite format 3", 17));
+
+    write("numbertext", "amount", "12.50");
+    write("numbertext", "blanks", " \t-1.00000012e-38 g");
+    write("numbertext", "large", "340282356779733661637539395458142568447.999");
+    write("numbertext", "hexadecimal", "0x10");
+    write("searchquery", "words", " milk whole");
+    write("searchquery", "beginnings", " APR ra");
+    write("searchquery", "number", " 3.25% \303\251");
+    write("searchquery", "utf16", QByteArray("\1e\0g\0g\0", 7));
+    return EXIT_SUCCESS;
+}
