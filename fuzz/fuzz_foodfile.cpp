@@ -9,7 +9,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-// The input is a food's file; the food is asked all that the window asks.
+// The input is a food's file; the food is asked what the window asks.
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     static const QTemporaryDir folder(Fuzzing::scratch());
@@ -26,11 +26,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     Food food(QStringLiteral("Input"));
     const QStringList units = food.getUnitNames();
     Fuzzing::require(!units.isEmpty() && units.first() == QStringLiteral("g"), "the first unit is g");
-    for (int i = 0; i < NutrientCatalogue::nutrientCount; ++i)
-        (void)food.getAmountOfNutrient(i);
+    // Few questions of each kind: a file that breaks off, as most inputs do, is read anew for every one.
+    (void)food.getAmountOfNutrient(static_cast<int>(size % NutrientCatalogue::nutrientCount));
     Fuzzing::require(
         Fuzzing::same(food.getGrams(), 100.0F) || units.count(QStringLiteral("g")) != 1, "a fresh food weighs 100 g");
-    for (qsizetype i = 0; i < units.size(); ++i) {
+    for (qsizetype i = 0; i < units.size() && i < 4; ++i) {
         Fuzzing::require(food.gramsOfUnit(units[i]).has_value(), "every unit has a weight");
         food.setUnit(units[i], static_cast<qint32>(i), i % 2 == 1);
         Fuzzing::require(food.curunit() == units[i], "a unit of the list is taken");
