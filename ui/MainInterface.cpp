@@ -153,8 +153,12 @@ void MainInterface::connectCommands()
         controller.updateDate();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
+        const int former = controller.numberOfRowsInTableView(main->logtable);
         controller.addSelectedFoods();
-        selectAddedFood();
+        main->logtable->setFocus();
+        const int rows = controller.numberOfRowsInTableView(main->logtable);
+        if (rows > former) // a number typed next is the amount of the food added last
+            main->logtable->setCurrentRow(rows - 1);
     });
     // An amount edit leaves the nutrient table as it is; a person expects fresh figures.
     connect(main->logtable, &TableView::editingEnded, this, [this] { controller.updateNutrients(); });
@@ -223,12 +227,6 @@ void MainInterface::raise()
 void MainInterface::endEditing()
 {
     main->logtable->endEditing();
-}
-
-// Leaves the keyboard on the entry added last, so that a number typed next is its amount.
-void MainInterface::selectAddedFood()
-{
-    main->logtable->setFocus();
 }
 
 void MainInterface::saveWindowState(UserDefaults &store) const

@@ -52,7 +52,6 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
-    void selectAddedFood();
 
     // Sends the operation when the action is chosen, after ending an open editor.
     void connectCommand(QAction *action, Operation operation);

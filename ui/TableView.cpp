@@ -136,6 +136,13 @@ void TableView::selectRowIndexes(const QList<int> &rows)
     rowselection->setRows(rows);
 }
 
+void TableView::setCurrentRow(int row)
+{
+    const QModelIndex index = tablemodel->index(row, 0);
+    rowselection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    scrollTo(index);
+}
+
 void TableView::setStartsBlock(std::function<bool(int)> starts)
 {
     startsblock = std::move(starts);

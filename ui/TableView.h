@@ -68,6 +68,9 @@ public:
     // Indexes that the table has no row for are left out.
     void selectRowIndexes(const QList<int> &rows);
 
+    // Moves the keyboard to a row and brings it into sight; the selection stays.
+    void setCurrentRow(int row);
+
     // Ends an open editor, delivering its text to its own row if it was changed, and closes an open menu. Returns
     // whether an editor was open. To be called before every command.
     bool endEditing();

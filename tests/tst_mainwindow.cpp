@@ -1,0 +1,340 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "tests/support/Run.h"
+#include "ui/AddFoodSheet.h"
+#include "ui/DatePicker.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QToolButton>
+#include <QtTest>
+
+namespace {
+
+const QString A = QStringLiteral("A");
+const QString B = QStringLiteral("B");
+const QString C = QStringLiteral("C");
+constexpr int amountcolumn = 1;
+constexpr int energycolumn = 3;
+
+} // namespace
+
+// The window as a person drives it, with keys and mouse: each command from wherever the keyboard is, and what becomes
+// of an amount that is being typed.
+class MainWindowTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        home = std::make_unique<Home>();
+        for (const QString &name : {A, B, C})
+            home->files.writeElements(name, "<nutrient name='Energy' amount='50'/>");
+        run = std::make_unique<Run>(*home);
+        run->show();
+        QVERIFY(QTest::qWaitForWindowActive(window()));
+    }
+    void cleanup()
+    {
+        run.reset();
+        home.reset();
+    }
+
+    void threeFoodsAreAddedByKeysAndMouse()
+    {
+        Bundle::mainBundle().setResourcePath({}); // the foods as shipped
+        QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+        AddFoodSheet *sheet = run->controller.addview;
+        QTRY_COMPARE(QApplication::activeWindow(), sheet);
+        QWidget *field = sheet->focusWidget();
+        QTest::keyClicks(field, QStringLiteral("apricots raw"));
+        QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
+        QTest::keyClicks(field, QStringLiteral("milk whole"));
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(!sheet->isVisible());
+        QCOMPARE(table()->model()->rowCount(), 2);
+
+        QTest::mouseClick(window()->findChild<QPushButton *>(QStringLiteral("addfoodbutton")), Qt::LeftButton);
+        QTRY_COMPARE(QApplication::activeWindow(), sheet);
+        QTest::keyClicks(sheet->focusWidget(), QStringLiteral("egg whole raw fresh"));
+        auto *list = sheet->findChild<QListView *>(QStringLiteral("foodlist"));
+        QVERIFY(list);
+        const QPoint first = list->visualRect(list->model()->index(0, 0)).center();
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, first);
+        QTest::mouseDClick(list->viewport(), Qt::LeftButton, {}, first);
+        QTRY_VERIFY(!sheet->isVisible());
+
+        QCOMPARE(run->names(),
+            QStringList(
+                {QStringLiteral("Apricots, raw"), QStringLiteral("Milk, whole, 3.25% milkfat, with added vitamin D"),
+                    QStringLiteral("Egg, whole, raw, fresh")}));
+        QCOMPARE(run->controller.nutrientstotal[0], 252.0F); // 48 + 61 + 143 kcal
+        QCOMPARE(shown(table(), 0, energycolumn), QStringLiteral("48"));
+        QCOMPARE(shown(table(), 1, energycolumn), QStringLiteral("61"));
+        QCOMPARE(shown(table(), 2, energycolumn), QStringLiteral("143"));
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("13 %")); // 252 of 2000
+        QCOMPARE(label(), QStringLiteral("3 foods"));
+    }
+
+    void afterAddingANumberIsTheLastFoodsAmount()
+    {
+        QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+        AddFoodSheet *sheet = run->controller.addview;
+        QTRY_COMPARE(QApplication::activeWindow(), sheet);
+        QTest::keyClicks(sheet->focusWidget(), QStringLiteral("honey"));
+        QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+        window()->activateWindow(); // as a window manager does
+        QTRY_VERIFY(table()->hasFocus());
+        QCOMPARE(table()->selectedRowIndexes(), QList<int>());
+        QTest::keyClicks(table(), QStringLiteral("2"));
+        QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5"));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("Honey 25 g 0")});
+    }
+
+    void anAmountTypedShowsFreshTotals()
+    {
+        run->add({A, B});
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("5 %"));
+        QCOMPARE(shown(table(), 0, energycolumn), QStringLiteral("50"));
+        type(0, QStringLiteral("700"));
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("20 %"));
+        QCOMPARE(shown(table(), 0, amountcolumn), QStringLiteral("700.00"));
+        QCOMPARE(shown(table(), 0, energycolumn), QStringLiteral("350"));
+        QCOMPARE(table()->currentIndex().row(), 0);
+    }
+
+    void escLeavesTheAmount()
+    {
+        run->add({A});
+        type(0, QStringLiteral("700"));
+        QTest::keyClick(editor(), Qt::Key_Escape);
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 100 g 0")});
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("2 %"));
+    }
+
+    void eachCommandFirstEndsAnOpenEditor_data()
+    {
+        QTest::addColumn<QString>("action");
+        for (const char *name : {"actionaddfood", "actioncut", "actioncopy", "actionpaste", "actionremove",
+                 "actionpreviousday", "actionnextday", "actiontoday", "actionpreferences"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void eachCommandFirstEndsAnOpenEditor()
+    {
+        QFETCH(QString, action);
+        run->add({A, B});
+        home->now = home->now.addDays(3); // so that today is another day
+        type(0, QStringLiteral("700"));
+        QVERIFY(editor());
+        window()->findChild<QAction *>(action)->trigger();
+        QVERIFY(!editor());
+        run->controller.addview->reject();
+        run->controller.hidePrefs();
+        run->controller.setDate(home->now.addDays(-3));
+        QCOMPARE(run->entries(), QStringList({QStringLiteral("A 700 g 0"), QStringLiteral("B 100 g 0")}));
+    }
+
+    void closingTheWindowEndsAnOpenEditor()
+    {
+        run->add({A});
+        type(0, QStringLiteral("700"));
+        window()->close();
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 700 g 0")});
+    }
+
+    void choosingADateEndsAnOpenEditor()
+    {
+        run->add({A});
+        type(0, QStringLiteral("700"));
+        run->controller.datepicker->stepUp(); // as the wheel or the arrow keys do
+        QCOMPARE(run->names(), QStringList());
+        run->controller.previousDay();
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 700 g 0")});
+    }
+
+    void commandsActOnTheLogFromAnywhereInTheWindow_data()
+    {
+        QTest::addColumn<QString>("where");
+        for (const char *name :
+            {"logtable", "nutrienttable", "usep", "previousdaybutton", "addfoodbutton", "todaybutton"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void commandsActOnTheLogFromAnywhereInTheWindow()
+    {
+        QFETCH(QString, where);
+        run->add({A, B, C});
+        run->select({1});
+        auto *widget = window()->findChild<QWidget *>(where);
+        widget->setFocus();
+        QTRY_VERIFY(widget->hasFocus());
+        QTest::keyClick(widget, Qt::Key_X, Qt::ControlModifier);
+        QCOMPARE(run->names(), QStringList({A, C}));
+        QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(run->names(), QStringList({A, C, B}));
+        run->select({0});
+        QTest::keyClick(widget, Qt::Key_C, Qt::ControlModifier);
+        QTest::keyClick(widget, Qt::Key_Delete);
+        QCOMPARE(run->names(), QStringList({C, B}));
+        QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(run->names(), QStringList({C, B, A}));
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QCOMPARE(label(), QStringLiteral("3 selected foods"));
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(label(), QStringLiteral("3 foods"));
+    }
+
+    void inATextFieldTheKeysAreTheFields()
+    {
+        run->add({A, B});
+        run->select({0, 1});
+        auto *field = run->controller.datepicker->findChild<QLineEdit *>();
+        field->setFocus();
+        QTRY_VERIFY(field->hasFocus());
+        for (const Qt::Key key : {Qt::Key_X, Qt::Key_C, Qt::Key_V})
+            QTest::keyClick(field, key, Qt::ControlModifier);
+        QTest::keyClick(field, Qt::Key_Delete);
+        QCOMPARE(run->names(), QStringList({A, B}));
+        QVERIFY(run->controller.copyfoods.empty());
+        table()->setFocus();
+        type(0, QStringLiteral("700"));
+        QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(editor(), Qt::Key_X, Qt::ControlModifier);
+        QVERIFY(editor());
+        QCOMPARE(editor()->text(), QString());
+        QTest::keyClick(editor(), Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(editor()->text(), QStringLiteral("700"));
+        QCOMPARE(run->names(), QStringList({A, B}));
+    }
+
+    void daysChangeByKeysAndButtons()
+    {
+        const auto day = [this] { return AppDelegate::dayKey(run->controller.curdate); };
+        QTest::keyClick(table(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(day(), QStringLiteral("2026_11_20"));
+        QTest::keyClick(table(), Qt::Key_Right, Qt::AltModifier);
+        QTest::keyClick(table(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(day(), QStringLiteral("2026_11_22"));
+        QTest::keyClick(table(), Qt::Key_T, Qt::ControlModifier);
+        QCOMPARE(day(), QStringLiteral("2026_11_21"));
+        click("previousdaybutton");
+        click("previousdaybutton");
+        QCOMPARE(day(), QStringLiteral("2026_11_19"));
+        click("nextdaybutton");
+        QCOMPARE(day(), QStringLiteral("2026_11_20"));
+        click("todaybutton");
+        QCOMPARE(day(), QStringLiteral("2026_11_21"));
+    }
+
+    void sheetsOpenByKeys()
+    {
+        QTest::keyClick(table(), Qt::Key_Comma, Qt::ControlModifier);
+        QVERIFY(run->controller.preferences->isVisible());
+        run->controller.hidePrefs();
+        QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+        QVERIFY(run->controller.addview->isVisible());
+    }
+
+    void thePercentageSwitchTakesEffectAtOnce()
+    {
+        run->add({A});
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("2 %"));
+        auto *box = window()->findChild<QCheckBox *>(QStringLiteral("usep"));
+        box->setFocus();
+        QTest::keyClick(box, Qt::Key_Space);
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("50.00 kcal"));
+        QVERIFY(!run->store.boolForKey(QStringLiteral("UseP")));
+        QTest::keyClick(box, Qt::Key_Space);
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("2 %"));
+    }
+
+    void everyCommandHasAMenuItemAndItsButtonTellsTheKey()
+    {
+        const QList<std::pair<const char *, const char *>> keys
+            = {{"actionaddfood", "Ctrl+N"}, {"actionquit", "Ctrl+Q"}, {"actioncut", "Ctrl+X"}, {"actioncopy", "Ctrl+C"},
+                {"actionpaste", "Ctrl+V"}, {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"},
+                {"actiondeselect", "Ctrl+Shift+A"}, {"actionpreferences", "Ctrl+,"}, {"actionpreviousday", "Alt+Left"},
+                {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"}};
+        QList<QAction *> items;
+        for (const QAction *menu : window()->menuBar()->actions())
+            items += menu->menu()->actions();
+        for (const auto &[name, key] : keys) {
+            auto *action = window()->findChild<QAction *>(QString::fromLatin1(name));
+            QVERIFY2(items.contains(action), name);
+            QCOMPARE(action->shortcut().toString(), QString::fromLatin1(key));
+            QVERIFY(action->isEnabled()); // commands are never disabled
+        }
+        for (const auto &[button, key] : {std::pair{"addfoodbutton", "Ctrl+N"}, {"todaybutton", "Ctrl+T"},
+                 {"previousdaybutton", "Alt+Left"}, {"nextdaybutton", "Alt+Right"}})
+            QVERIFY(window()
+                        ->findChild<QWidget *>(QString::fromLatin1(button))
+                        ->toolTip()
+                        .contains(QString::fromLatin1(key)));
+    }
+
+    void tabGoesThroughEverythingAndLeavesEverything()
+    {
+        run->add({A, B});
+        table()->setFocus();
+        QStringList visited;
+        for (int i = 0; i < 12; ++i) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            visited.append(QApplication::focusWidget()->objectName());
+        }
+        for (const char *name : {"previousdaybutton", "datepicker", "nextdaybutton", "todaybutton", "addfoodbutton",
+                 "logtable", "nutrienttable", "usep"})
+            QVERIFY2(visited.contains(QString::fromLatin1(name)), name);
+    }
+
+    void anEmptyLogSaysHowToAddAFood()
+    {
+        QVERIFY(table()->accessibleDescription().contains(QStringLiteral("Ctrl+N")));
+        run->add({A});
+        QVERIFY(!table()->accessibleDescription().contains(QStringLiteral("Ctrl+N")));
+    }
+
+private:
+    QMainWindow *window() { return run->controller.window; }
+    TableView *table() { return run->controller.logtable; }
+    TableView *nutrients() { return run->controller.nutrienttable; }
+    // The open amount editor; one that has closed is still there for a moment.
+    QLineEdit *editor()
+    {
+        auto *field = table()->viewport()->findChild<QLineEdit *>();
+        return field != nullptr && field->isVisible() ? field : nullptr;
+    }
+    QString label() { return run->controller.label->text(); }
+    static QString shown(const TableView *view, int row, int column)
+    {
+        return view->model()->index(row, column).data().toString();
+    }
+    void click(const char *name)
+    {
+        QTest::mouseClick(window()->findChild<QWidget *>(QString::fromLatin1(name)), Qt::LeftButton);
+    }
+    // Types into the amount of a row and leaves its editor open.
+    void type(int row, const QString &text)
+    {
+        table()->setFocus();
+        table()->setCurrentRow(row);
+        QTest::keyClick(table(), Qt::Key_F2);
+        QVERIFY(editor());
+        QTest::keyClick(editor(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClicks(editor(), text);
+    }
+
+    std::unique_ptr<Home> home;
+    std::unique_ptr<Run> run;
+};
+
+QTEST_MAIN(MainWindowTest)
+#include "tst_mainwindow.moc"
