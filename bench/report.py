@@ -3,7 +3,7 @@
 """Runs every benchmark of a build folder and writes one table of what they measured.
 
 A program says what its limits are, here stands only how it says so: with a line "what  A us / B us = R (at most L)"
-for two figures of one run, or with counters of Google Benchmark named median_ms, worst_step_ms, aim_ms and so on. What
+or "what  A, bare B: R (at most L)" for two figures of one run, or with counters of Google Benchmark named median_ms, worst_step_ms, aim_ms and so on. What
 has no limit is printed beside what it is held against.
 """
 import json
@@ -28,6 +28,9 @@ LIMITED = [("median_ms", "median_limit_ms"), ("worst_step_ms", "worst_limit_ms")
 # Limits of plain times, in milliseconds.
 TIMES = {"buildTheFoodCatalogue": 1.0}
 RATIO = re.compile(r"^(.+?) +([\d.]+) (\w+) / +([\d.]+) (\w+) = ([\d.]+) \(at most ([\d.]+)\)")
+BARE = re.compile(r"^ +(.+?) +([\d.]+), bare +([\d.]+): +([\d.]+) \(at most ([\d.]+)\)")
+# Programs that measure by themselves and know nothing of Google Benchmark's arguments.
+PLAIN = {"food", "startup"}
 MILLISECONDS = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
 
 
@@ -38,7 +41,16 @@ def spelt(name):
 
 
 def from_lines(subject, text):
+    setting = ""
     for line in text.splitlines():
+        heading = re.match(r"^(\w+): \d+ runs", line)
+        if heading:
+            setting = heading.group(1) + ", "
+        found = BARE.match(line)
+        if found:
+            what, value, beside, compared, limit = found.groups()
+            yield {"subject": subject, "what": setting + what, "value": float(compared),
+                   "unit": "MiB" if "MiB" in what else "times", "limit": float(limit), "of": f"{value}, bare {beside}"}
         found = RATIO.match(line)
         if found:
             what, value, unit, beside, besideunit, ratio, limit = found.groups()
@@ -73,8 +85,9 @@ def measure(program):
     print(f"measuring {subject} ...", file=sys.stderr, flush=True)
     with tempfile.TemporaryDirectory() as folder:
         out = os.path.join(folder, "out.json")
-        run = subprocess.run([os.path.abspath(program), "--benchmark_out=" + out, "--benchmark_out_format=json"],
-                             capture_output=True, text=True, check=False)
+        arguments = [] if subject in PLAIN else ["--benchmark_out=" + out, "--benchmark_out_format=json"]
+        run = subprocess.run([os.path.abspath(program), *arguments], cwd=os.path.dirname(program), capture_output=True,
+                             text=True, check=False)
         figures = list(from_lines(subject, run.stdout))
         # A program that compares its own figures has said what there is to say.
         if not figures and os.path.exists(out):
