@@ -202,6 +202,7 @@ private slots:
         QVERIFY(!PropertyList::write(QVariant(QPoint(1, 2))));
         QVERIFY(!PropertyList::write(QDateTime()));
         QVERIFY(!PropertyList::write(QVariantList{QVariant()}));
+        QVERIFY(!PropertyList::write(QVariantMap{{QStringLiteral("a"), QVariant()}}));
         QVERIFY(!PropertyList::write(nested(PropertyList::depthLimit + 1)));
     }
 
@@ -220,6 +221,15 @@ private slots:
         QCOMPARE(PropertyList::read(documentOf(hex("5f10036162630000"))).value(), QVariant(QStringLiteral("abc")));
         QCOMPARE(Document::parse(documentOf(hex("820186a0")))->uid(0).value(), 100000U);
         QCOMPARE(Document::parse(documentOf(hex("870000000000000001")))->uid(0).value(), 1U);
+    }
+
+    void anObjectAnswersForItsOwnKindAlone()
+    {
+        const auto document = Document::parse(documentOf(hex("1007")));
+        QVERIFY(!document->boolean(0) && !document->floatReal(0) && !document->doubleReal(0) && !document->date(0));
+        QVERIFY(!document->data(0) && !document->string(0) && !document->uid(0));
+        QCOMPARE(document->count(0), quint64(0));
+        QCOMPARE(document->integer(0).value(), 7);
     }
 
     void aKeyOfTwoByteCharactersIsFound()

@@ -1,0 +1,112 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "ui/TableView.h"
+#include "ui/TableViewDataSource.h"
+#include "ui/TableViewDelegate.h"
+
+#include <QHelpEvent>
+#include <QTextDocument>
+#include <QToolTip>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+// One column of names with the tool tip that a test wants.
+class Names final : public TableViewDataSource, public TableViewDelegate {
+public:
+    QStringList names;
+    QString tooltip;
+
+    int numberOfRowsInTableView(const TableView * /*table*/) const override { return int(names.size()); }
+    QVariant objectValueForTableColumn(const TableView * /*table*/, const QString & /*column*/, int row) override
+    {
+        return names.at(row);
+    }
+    void setObjectValue(
+        const TableView * /*table*/, const QVariant &value, const QString & /*column*/, int row) override
+    {
+        names[row] = value.toString();
+    }
+    void willDisplayCell(
+        const TableView * /*table*/, TableCell & /*cell*/, const QString & /*column*/, int /*row*/) override
+    { }
+    std::optional<QList<int>> selectionIndexesForProposedSelection(
+        const TableView * /*table*/, const QList<int> &proposed) override
+    {
+        return proposed;
+    }
+    void tableViewSelectionDidChange() override { }
+    QString toolTipForCell(const TableView * /*table*/, const QString & /*column*/, int /*row*/) override
+    {
+        return tooltip;
+    }
+};
+
+} // namespace
+
+// What a table says of a cell that the mouse rests on.
+class TableHelpTest final : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init()
+    {
+        source = Names();
+        source.names = {QStringLiteral("Egg"), QStringLiteral("Milk")};
+        table = std::make_unique<TableView>();
+        table->addTableColumn({QStringLiteral("Name"), QStringLiteral("Name"), nullptr, true});
+        table->setDataSource(&source);
+        table->setDelegate(&source);
+        table->resize(300, 200);
+        table->reloadData();
+        table->show();
+        QVERIFY(QTest::qWaitForWindowExposed(table.get()));
+        QToolTip::showText({}, QString());
+    }
+    void cleanup() { table.reset(); }
+
+    void theDelegatesTextIsTheToolTip()
+    {
+        source.tooltip = QStringLiteral("Mostly from eggs");
+        QCOMPARE(toolTipOfRow(0), source.tooltip);
+    }
+
+    void aToolTipIsNeverReadAsMarkup()
+    {
+        source.tooltip = QStringLiteral("<b>Milk</b>");
+        QCOMPARE(toolTipOfRow(0), Qt::convertFromPlainText(source.tooltip));
+    }
+
+    void aTextThatFitsHasNoToolTip() { QCOMPARE(toolTipOfRow(0), QString()); }
+
+    void aTextThatIsCutOffIsShownWhole()
+    {
+        source.names[0] = QString(200, u'W');
+        table->reloadData();
+        QCOMPARE(toolTipOfRow(0), source.names[0]);
+    }
+
+    void belowTheRowsThereIsNoToolTip()
+    {
+        source.tooltip = QStringLiteral("Mostly from eggs");
+        QCOMPARE(toolTipAt({5, table->viewport()->height() - 2}), QString());
+    }
+
+private:
+    QString toolTipOfRow(int row) { return toolTipAt(table->visualRect(table->model()->index(row, 0)).center()); }
+    QString toolTipAt(QPoint place)
+    {
+        QHelpEvent event(QEvent::ToolTip, place, table->viewport()->mapToGlobal(place));
+        QCoreApplication::sendEvent(table->viewport(), &event);
+        return QToolTip::text();
+    }
+
+    Names source;
+    std::unique_ptr<TableView> table;
+};
+
+QTEST_MAIN(TableHelpTest)
+#include "tst_tablehelp.moc"
