@@ -30,9 +30,10 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("provender"));
     QApplication::setApplicationDisplayName(QStringLiteral("Provender"));
     QApplication::setApplicationVersion(QStringLiteral(PROVENDER_VERSION));
-    // Loaded from PNG: SVG at run time would want a plugin.
+    // Loaded from PNG: SVG at run time would want a plugin. Not the larger ones, which a desktop takes from its icon
+    // theme: each file is decoded here, before the first paint, and those two cost more than all the others.
     QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+    for (const int size : {16, 24, 32, 48, 64})
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), {size, size});
     QApplication::setWindowIcon(icon);
     QApplication::setDesktopFileName(QStringLiteral("org.provender.Provender"));
