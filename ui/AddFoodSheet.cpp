@@ -11,6 +11,7 @@
 #include <QAbstractButton>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -82,6 +83,10 @@ void AddFoodSheet::makeControls()
     for (QObject *watched : std::initializer_list<QObject *>{
              ui->searchfield, ui->foodlist, ui->foodlist->viewport(), ui->tobeaddedlist, ui->preview->measures()})
         watched->installEventFilter(this);
+
+    // The field's own button, which shows a cross and says nothing.
+    for (auto *button : ui->searchfield->findChildren<QToolButton *>())
+        button->setAccessibleName(tr("Clear the search"));
 
     setTabOrder(ui->foodlist, ui->preview->measures());
     setTabOrder(ui->preview->measures(), ui->tobeaddedlist);

@@ -124,7 +124,10 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
 
 QVariant TableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || section < 0 || section >= columnCount())
+    // The header of a row is not shown, but screen readers come upon it; it is called what its row is.
+    if (orientation == Qt::Vertical)
+        return role == Qt::AccessibleTextRole ? index(section, 0).data(Qt::DisplayRole) : QVariant();
+    if (section < 0 || section >= columnCount())
         return {};
     const TableView::Column &column = columns[size_t(section)];
     if (role == Qt::DisplayRole)
