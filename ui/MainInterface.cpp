@@ -55,6 +55,10 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     main->setupUi(window.get());
     prefs->setupUi(preferences);
     makeTables();
+    // So that both tables end at the same height, and a date has room.
+    main->label->setMinimumHeight(main->usep->sizeHint().height());
+    main->datepicker->setMinimumWidth(
+        main->datepicker->sizeHint().width() + main->label->fontMetrics().averageCharWidth());
     main->splitter->setStretchFactor(0, 3);
     main->splitter->setStretchFactor(1, 2);
     connectFields();
@@ -84,8 +88,8 @@ void MainInterface::makeTables()
     const auto widthOf = [&](const QString &text) { return log->fontMetrics().horizontalAdvance(text) + 24; };
     log->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     log->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    log->setColumnWidth(1, widthOf(QStringLiteral("100000.00")));
-    log->setColumnWidth(2, widthOf(QStringLiteral("1 cup (8 fl oz), diced")));
+    log->setColumnWidth(1, widthOf(QStringLiteral("10000.00")));
+    log->setColumnWidth(2, widthOf(QStringLiteral("1 fruit (2-5/8\" dia)")));
     log->setColumnWidth(3, widthOf(tr("Energy (kcal)")));
     log->setPlaceholderText(tr("Nothing eaten yet.\nPress Ctrl+N to add foods."));
 
@@ -96,7 +100,7 @@ void MainInterface::makeTables()
     int widest = 0;
     for (const QString &name : NutrientCatalogue::names())
         widest = std::max(widest, widthOf(name));
-    nutrients->setColumnWidth(0, widest + widthOf(QString()));
+    nutrients->setColumnWidth(0, widest + nutrients->fontMetrics().horizontalAdvance(QStringLiteral("   ")));
     nutrients->horizontalHeader()->setStretchLastSection(true);
     nutrients->setStartsBlock(NutrientCatalogue::startsBlock);
 }
@@ -212,7 +216,7 @@ void MainInterface::show()
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     window->restoreGeometry(store.objectForKey(geometrykey).toByteArray());
     if (!main->splitter->restoreState(store.objectForKey(splitterskey).toByteArray()))
-        main->splitter->setSizes({600, 400});
+        main->splitter->setSizes({660, 400});
     window->show();
 }
 

@@ -192,7 +192,7 @@ void TableView::paintPlaceholder(QPainter &painter) const
 {
     constexpr int margin = 16;
     const QRect area = viewport()->rect();
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(palette().color(QPalette::Text));
     painter.drawText(area.adjusted(margin, margin, -margin, -margin), Qt::AlignCenter | Qt::TextWordWrap, placeholder);
     if (hasFocus()) {
         painter.setPen(palette().color(QPalette::Text));

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+// take-pictures <folder> day|dark|large: pictures of the program's windows with a day in them, for the documents. The
+// windows are the program's own; only the palette, the clock and the store are this program's, since the program itself
+// has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives.
+
+#include "app/AppDelegate.h"
+#include "platform/UserDefaults.h"
+#include "ui/AddFoodSheet.h"
+#include "ui/MainInterface.h"
+#include "ui/TableView.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPalette>
+#include <QTemporaryDir>
+
+#include <cstdio>
+
+namespace {
+
+struct Eaten {
+    const char *food;
+    float amount;
+    const char *unit;
+};
+
+constexpr Eaten eaten[] = {
+    {"Cereals, oats, regular and quick, not fortified, dry", 0.5F, "1 cup"},
+    {"Milk, whole, 3.25% milkfat, with added vitamin D", 1, "1 cup"},
+    {"Blueberries, raw", 75, "g"},
+    {"Honey", 1, "1 tbsp"},
+    {"Coffee, brewed from grounds, prepared with tap water", 2, "1 cup (8 fl oz)"},
+    {"Oranges, raw, all commercial varieties", 1, "1 fruit (2-5/8\" dia)"},
+    {"Bread, whole-wheat, commercially prepared", 2, "1 slice"},
+    {"Butter, salted", 10, "g"},
+    {"Cheese, cheddar", 1.5F, "1 oz"},
+    {"Tomatoes, red, ripe, raw, year round average", 120, "g"},
+    {"Lettuce, cos or romaine, raw", 1, "1 cup shredded"},
+    {"Apples, raw, with skin", 1, "1 medium (3\" dia)"},
+    {"Nuts, almonds", 30, "g"},
+    {"Chicken, broilers or fryers, breast, meat only, cooked, roasted", 1, "1 cup, chopped or diced"},
+    {"Rice, brown, long-grain, cooked", 1, "1 cup"},
+    {"Broccoli, cooked, boiled, drained, without salt", 150, "g"},
+    {"Oil, olive, salad or cooking", 1, "1 tablespoon"},
+    {"Yogurt, plain, whole milk, 8 grams protein per 8 ounce", 0.5F, "1 cup (8 fl oz)"},
+    {"Chocolate, dark, 70-85% cacao solids", 20, "g"},
+};
+
+class Day final : public AppDelegate {
+public:
+    using AppDelegate::addview;
+    using AppDelegate::AppDelegate;
+    using AppDelegate::logtable;
+    using AppDelegate::preferences;
+    using AppDelegate::rdamenu;
+    using AppDelegate::window;
+
+    // False when a food does not know the unit given for it here.
+    bool eat()
+    {
+        for (const Eaten &entry : eaten) {
+            const auto food = std::make_shared<Food>(QString::fromUtf8(entry.food));
+            const int position = int(food->getUnitNames().indexOf(QString::fromUtf8(entry.unit)));
+            food->setUnit(QString::fromUtf8(entry.unit), position, false);
+            food->setCuramount(entry.amount);
+            if (position < 0)
+                return false;
+            addFoodPriv(food);
+        }
+        logtable->reloadData();
+        updateNutrients();
+        return true;
+    }
+};
+
+void makeDark()
+{
+    QPalette dark(QColor(0x2e, 0x32, 0x36), QColor(0x2b, 0x2e, 0x33));
+    dark.setColor(QPalette::Base, QColor(0x1e, 0x20, 0x23));
+    dark.setColor(QPalette::AlternateBase, QColor(0x25, 0x28, 0x2c));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        dark.setColor(role, QColor(0xe6, 0xe8, 0xea));
+    dark.setColor(QPalette::PlaceholderText, QColor(0xa0, 0xa4, 0xa8));
+    dark.setColor(QPalette::Highlight, QColor(0x2f, 0x65, 0xa0));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::ToolTipBase, QColor(0x2b, 0x2e, 0x33));
+    dark.setColor(QPalette::ToolTipText, QColor(0xe6, 0xe8, 0xea));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x84, 0x88));
+    QApplication::setPalette(dark);
+}
+
+class Pictures final {
+public:
+    explicit Pictures(const QString &path)
+        : folder(path)
+    { }
+
+    void take(QWidget &shown, const QString &name)
+    {
+        settle();
+        saved = shown.grab().save(folder.filePath(name + QStringLiteral(".png")), "PNG") && saved;
+    }
+    [[nodiscard]] bool allSaved() const { return saved; }
+
+    static void settle()
+    {
+        for (int i = 0; i < 10; ++i)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+    static void press(QWidget &where, int key, const QString &text, Qt::KeyboardModifiers modifiers = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text);
+        QCoreApplication::sendEvent(&where, &event);
+        settle();
+    }
+    static void type(QWidget &where, const QString &text)
+    {
+        for (const QChar letter : text)
+            press(where, letter.toUpper().unicode(), letter);
+    }
+
+private:
+    QDir folder;
+    bool saved = true;
+};
+
+void takeSheets(Day &day, Pictures &pictures)
+{
+    day.addFood();
+    QWidget &field = *day.addview->findChild<QLineEdit *>(QStringLiteral("searchfield"));
+    Pictures::type(field, QStringLiteral("carrots raw"));
+    Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
+    Pictures::type(field, QStringLiteral("hummus"));
+    Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
+    Pictures::type(field, QStringLiteral("chees ched"));
+    pictures.take(*day.addview, QStringLiteral("add-food"));
+    day.addview->reject();
+    day.showPrefs();
+    day.rdamenu->setCurrentIndex(day.rdamenu->findText(QStringLiteral("Vitamin C")));
+    day.RDAtick();
+    pictures.take(*day.preferences, QStringLiteral("preferences"));
+    day.hidePrefs();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() != 3) {
+        std::fputs("usage: take-pictures <folder> day|dark|large\n", stderr);
+        return 2;
+    }
+    const QString &kind = arguments[2];
+    if (kind == QStringLiteral("dark"))
+        makeDark();
+    const QTemporaryDir home;
+    UserDefaults store(home.filePath(QStringLiteral("preferences.sqlite")));
+    UserDefaults::setStandardUserDefaults(&store);
+    int status = 0;
+    {
+        Day day([] { return QDateTime({2026, 5, 11}, {12, 0}, Qt::UTC); });
+        MainInterface interface(day);
+        day.applicationDidFinishLaunching();
+        interface.show();
+        Pictures pictures(arguments[1]);
+        if (kind == QStringLiteral("day"))
+            pictures.take(*day.window, QStringLiteral("empty"));
+        if (!day.eat()) {
+            std::fputs("take-pictures: a food of the day lacks its unit\n", stderr);
+            return 1;
+        }
+        if (kind == QStringLiteral("day")) {
+            pictures.take(*day.window, QStringLiteral("main"));
+            store.setObject(false, QStringLiteral("UseP"));
+            interface.show();
+            day.updateNutrients();
+            pictures.take(*day.window, QStringLiteral("amounts"));
+            store.setObject(true, QStringLiteral("UseP"));
+            interface.show();
+            day.updateNutrients();
+            takeSheets(day, pictures);
+            day.window->resize(800, 500);
+            pictures.take(*day.window, QStringLiteral("small"));
+        } else {
+            pictures.take(*day.window, kind);
+        }
+        status = pictures.allSaved() ? 0 : 1;
+    }
+    UserDefaults::setStandardUserDefaults(nullptr);
+    return status;
+}
