@@ -28,8 +28,8 @@ end_both() {
 }
 trap end_both EXIT
 
-# The server picks a free display number and tells it, once it listens.
-coproc display { exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$home/display.log"; }
+# A number of its own: two servers that look for a free one at the same time may find the same.
+coproc display { exec Xvfb ":$((100 + $$ % 50000))" -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$home/display.log"; }
 server=$!
 if ! read -r -t 20 -u "${display[0]}" number; then
     echo "The virtual display did not start:" >&2
