@@ -20,6 +20,7 @@
 #include <QMainWindow>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace {
@@ -124,7 +125,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
 {
     connect(action, &QAction::triggered, this, [this, operation] {
         endEditing();
-        (controller.*operation)();
+        std::invoke(operation, controller);
     });
 }
 
