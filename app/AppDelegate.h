@@ -141,13 +141,15 @@ protected:
     QStringList foodlist;
     QStringList nutdata;
     QStringList nutdataunits;
+    const void *filemanager
+        = nullptr; // one of the controller's fields ever since; nothing gives it a value or reads it
 
     // The day's log: three lists by position, always of one length.
     QDateTime curdate; // the instant whose day is shown, in UTC; not valid before the first day is opened
     QList<QByteArray> curdatefoods; // the records of `foods`, made when an entry is added or edited: what is stored
+    std::vector<FoodPointer> copyfoods; // the clipboard; a pasted entry and its clipboard food are one object
     QVariantList unreadfoods; // the day's stored items that are no record: never shown, written back behind the rest
     std::vector<FoodPointer> foods;
-    std::vector<FoodPointer> copyfoods; // the clipboard; a pasted entry and its clipboard food are one object
     std::array<std::vector<float>, NutrientCatalogue::nutrientCount> nutrients; // per nutrient, each entry's amount
 
     NutrientSums nutrientstotal{}; // over all entries; moved by every change, never summed anew while a day is shown

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Saves what the program ends with, and where its window stood, in one transaction: all of it or nothing.
+// Saves what the program ends with and where its window stood. One transaction, so that no part of it stands alone.
 void save(AppDelegate &controller, const MainInterface &interface, UserDefaults &store)
 {
     UserDefaults::Transaction transaction(store);
@@ -54,7 +54,7 @@ int main(int argc, char **argv)
     QApplication::setQuitOnLastWindowClosed(controller.applicationShouldTerminateAfterLastWindowClosed());
     QObject::connect(
         &application, &QCoreApplication::aboutToQuit, &controller, [&] { save(controller, interface, store); });
-    // A session manager's request saves at once and the program goes on: the session may yet stay.
+    // The session is about to end, but may yet be kept: save now and stay.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &controller, [&](QSessionManager &) {
         interface.endEditing();
         save(controller, interface, store);

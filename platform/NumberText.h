@@ -14,14 +14,14 @@
 // "+".
 namespace NumberText {
 
-// The float that a text begins with: leading blanks are skipped, the longest decimal number (sign, ASCII digits,
-// period, exponent) is read and rounded once, straight to float. 0 when the text does not begin with a number; an
-// infinity when the number is too large for a float, a zero of its sign when it is too small.
+// The float at the front of a text, behind blanks: sign, ASCII digits with a period among them, exponent, as far as
+// they make a number. It is rounded a single time. Without a number the answer is 0; a number out of a float's range
+// gives an infinity or a zero, with its sign.
 [[nodiscard]] float floatValue(std::string_view text);
 [[nodiscard]] float floatValue(QStringView text);
 
-// "%.<decimals>f" as C prints it in the C locale: the binary value rounded exactly, ties to even, "-0.00" for a small
-// negative value, "inf", "-inf", and "nan" without a sign.
+// What printf makes of "%.<decimals>f" in the C locale: ties in the binary value go to even, and what rounds to zero
+// from below keeps its minus. Infinities are "inf" and "-inf"; no number is "nan", never "-nan".
 [[nodiscard]] QString fixed(double value, int decimals);
 
 } // namespace NumberText

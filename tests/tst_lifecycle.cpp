@@ -287,7 +287,7 @@ private slots:
         QCOMPARE(again.controller.rdas[0], 2000.0F);
     }
 
-    void closingTheLastWindowEndsTheProgram()
+    void theLastWindowsClosingIsToEndTheProgram()
     {
         Run run(*home);
         QVERIFY(run.controller.applicationShouldTerminateAfterLastWindowClosed());

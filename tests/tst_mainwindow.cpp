@@ -123,8 +123,9 @@ private slots:
     void eachCommandFirstEndsAnOpenEditor_data()
     {
         QTest::addColumn<QString>("action");
-        for (const char *name : {"actionaddfood", "actioncut", "actioncopy", "actionpaste", "actionremove",
-                 "actionpreviousday", "actionnextday", "actiontoday", "actionpreferences"})
+        for (const char *name :
+            {"actionaddfood", "actioncut", "actioncopy", "actionpaste", "actionremove", "actionpreviousday",
+                "actionnextday", "actiontoday", "actionpreferences", "actionselectall", "actiondeselect"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
 
@@ -159,6 +160,22 @@ private slots:
         QCOMPARE(run->names(), QStringList());
         run->controller.previousDay();
         QCOMPARE(run->entries(), QStringList{QStringLiteral("A 700 g 0")});
+    }
+
+    void aDateTypedButNotEnteredCountsForTheSheet()
+    {
+        run->add({A});
+        typeYear();
+        window()->findChild<QAction *>(QStringLiteral("actionaddfood"))->trigger();
+        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2025_11_21"));
+        QCOMPARE(run->names(), QStringList());
+    }
+
+    void aDateHalfTypedDoesNothingWhenTheWindowGoes()
+    {
+        typeYear();
+        run->interface.reset();
+        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2026_11_21"));
     }
 
     void commandsActOnTheLogFromAnywhereInTheWindow_data()
@@ -320,6 +337,17 @@ private:
     void click(const char *name)
     {
         QTest::mouseClick(window()->findChild<QWidget *>(QString::fromLatin1(name)), Qt::LeftButton);
+    }
+    // Types a year into the date field and leaves it there.
+    void typeYear()
+    {
+        DatePicker *picker = run->controller.datepicker;
+        picker->setDisplayFormat(QStringLiteral("yyyy-MM-dd"));
+        picker->setFocus();
+        QTRY_VERIFY(picker->hasFocus());
+        picker->setSelectedSection(QDateTimeEdit::YearSection);
+        QTest::keyClicks(picker, QStringLiteral("2025"));
+        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2026_11_21"));
     }
     // Types into the amount of a row and leaves its editor open.
     void type(int row, const QString &text)

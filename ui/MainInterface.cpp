@@ -47,10 +47,10 @@ std::unique_ptr<TableCell> rightAligned(std::unique_ptr<TableCell> cell)
 
 MainInterface::MainInterface(AppDelegate &appdelegate)
     : controller(appdelegate)
-    , window(std::make_unique<QMainWindow>())
     , main(std::make_unique<Ui::MainWindow>())
-    , preferences(new PreferencesSheet(window.get()))
     , prefs(std::make_unique<Ui::PreferencesSheet>())
+    , window(std::make_unique<QMainWindow>())
+    , preferences(new PreferencesSheet(window.get()))
     , addview(new AddFoodSheet(window.get()))
 {
     main->setupUi(window.get());
@@ -65,14 +65,18 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectFields();
     connectCommands();
     connectPreferences();
-    // A main window's shortcut is dead while a sheet is open, so the sheets carry Quit themselves.
+    // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);
     addview->addAction(main->actionquit);
     window->installEventFilter(this);
     main->logtable->setFocus();
 }
 
-MainInterface::~MainInterface() = default;
+MainInterface::~MainInterface()
+{
+    // A window that goes while it is shown sends a date that was half typed; by then nobody is to hear of it.
+    disconnect(main->datepicker, nullptr, this, nullptr);
+}
 
 void MainInterface::makeTables()
 {
@@ -131,7 +135,12 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
 
 void MainInterface::connectCommands()
 {
-    connectCommand(main->actionaddfood, &AppDelegate::addFood);
+    connect(main->actionaddfood, &QAction::triggered, this, [this] {
+        endEditing();
+        // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
+        main->datepicker->interpretText();
+        controller.addFood();
+    });
     connectCommand(main->actioncut, &AppDelegate::cut);
     connectCommand(main->actioncopy, &AppDelegate::copy);
     connectCommand(main->actionpaste, &AppDelegate::paste);
@@ -140,8 +149,14 @@ void MainInterface::connectCommands()
     connectCommand(main->actionnextday, &AppDelegate::nextDay);
     connectCommand(main->actiontoday, &AppDelegate::today);
     connectCommand(main->actionpreferences, &AppDelegate::showPrefs);
-    connect(main->actionselectall, &QAction::triggered, main->logtable, &QAbstractItemView::selectAll);
-    connect(main->actiondeselect, &QAction::triggered, main->logtable, &TableView::deselectAll);
+    connect(main->actionselectall, &QAction::triggered, this, [this] {
+        endEditing();
+        main->logtable->selectAll();
+    });
+    connect(main->actiondeselect, &QAction::triggered, this, [this] {
+        endEditing();
+        main->logtable->deselectAll();
+    });
     connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
 
     const std::pair<QAbstractButton *, QAction *> buttons[] = {

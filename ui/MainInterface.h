@@ -57,9 +57,9 @@ private:
     void connectCommand(QAction *action, Operation operation);
 
     AppDelegate &controller;
-    std::unique_ptr<QMainWindow> window;
-    std::unique_ptr<Ui::MainWindow> main;
-    PreferencesSheet *preferences; // a child of the window, as the other sheet is
+    std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
+    std::unique_ptr<QMainWindow> window;
+    PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
 };

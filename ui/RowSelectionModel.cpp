@@ -25,7 +25,10 @@ QList<int> rowsOf(const QItemSelection &selection)
 RowSelectionModel::RowSelectionModel(QAbstractItemModel *model, QObject *parent)
     : QItemSelectionModel(model, parent)
     , proposal(model, nullptr)
-{ }
+{
+    // Connected first, so that whoever else hears of a change asks for the new rows.
+    connect(this, &QItemSelectionModel::selectionChanged, this, [this] { known.reset(); });
+}
 
 void RowSelectionModel::setFilter(Filter function)
 {
@@ -34,7 +37,9 @@ void RowSelectionModel::setFilter(Filter function)
 
 QList<int> RowSelectionModel::rows() const
 {
-    return rowsOf(selection());
+    if (!known)
+        known = rowsOf(selection());
+    return *known;
 }
 
 void RowSelectionModel::setRows(const QList<int> &rows)

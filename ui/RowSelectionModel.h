@@ -23,7 +23,7 @@ public:
     RowSelectionModel(QAbstractItemModel *model, QObject *parent);
 
     void setFilter(Filter function);
-    // Ascending.
+    // Ascending. Worked out once for each selection: a large day is opened with this asked for at every entry.
     [[nodiscard]] QList<int> rows() const;
     // Rows that the model does not have are left out.
     void setRows(const QList<int> &rows);
@@ -36,4 +36,5 @@ private:
 
     Filter filter;
     QItemSelectionModel proposal;
+    mutable std::optional<QList<int>> known; // of rows(), until the selection changes
 };

@@ -57,8 +57,8 @@ public:
     void setDataSource(TableViewDataSource *source);
     void setDelegate(TableViewDelegate *delegate);
 
-    // Asks for the row count and drops every value. Selected row indexes at or beyond the new count leave the
-    // selection, and the handler then runs, after the table has its new rows. An open menu is closed.
+    // Forgets all values and counts the rows anew. Selected rows that are gone are deselected, and once the table has
+    // its new rows the handler hears of it. An open menu is closed.
     virtual void reloadData();
     // The handler runs inside it, and only when a row was selected. Not asked of the filter.
     virtual void deselectAll();

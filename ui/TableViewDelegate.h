@@ -14,8 +14,8 @@ class TableView;
 // What a table asks about its looks and its selection.
 class TableViewDelegate {
 public:
-    // Runs right before a cell is painted, spoken or its menu opens. The cell is shared by its column and already has
-    // its value.
+    // Prepares a column's one cell for a row: the next thing that happens to it is painting, speaking or opening its
+    // menu. It has the row's value by then.
     virtual void willDisplayCell(const TableView *table, TableCell &cell, const QString &column, int row) = 0;
     // What a selection that the user proposes becomes: nothing leaves the selection as it is, an empty list clears it.
     // Rows ascend. Code that selects is never asked.
