@@ -3,6 +3,8 @@
 
 #include "tests/support/XServer.h"
 
+#include <QCoreApplication>
+
 #include <X11/Xatom.h>
 #include <X11/Xlib.h>
 
@@ -88,11 +90,15 @@ void sendKeys(const QByteArray &displayname, const QStringList &arguments)
 XServer::XServer()
 {
     // Without -noreset the server starts anew, and drops who has just come, whenever its last client goes.
+    // The number is asked for because a server that picks one itself keeps no lock, and may lose it to another.
+    static int servers = 0;
+    const QString asked
+        = u':' + QString::number(100 + (QCoreApplication::applicationPid() + 25000LL * servers++) % 50000);
     server.start(QStringLiteral("Xvfb"),
-        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
+        {asked, QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
             QStringLiteral("1280x800x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
             QStringLiteral("-noreset")});
-    // The server picks a free number and tells it once it listens.
+    // It tells its number once it listens.
     while (!server.canReadLine() && server.waitForReadyRead(20000)) { }
     const QByteArray number = server.readLine().trimmed();
     if (!number.isEmpty())
