@@ -3,7 +3,8 @@
 
 // From the start of the process to the first paint, with a store of 20 years and a day of 20 foods, held against a
 // program that shows a bare window; and the most memory that both had by then. The programs take turns, and the medians
-// are compared. Fails when a limit is missed.
+// are compared. Fails when a limit is missed. Offscreen the time has no limit: nobody waits for that window, and the
+// bare one, which has no display to reach and no text to show, is little to hold a log against.
 //
 // bench_startup [runs]
 
@@ -22,6 +23,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -79,7 +81,7 @@ public:
         makeStore(home.filePath(QStringLiteral("provender/preferences.sqlite")));
     }
 
-    bool compareOn(const QString &platform, const QByteArray &display)
+    bool compareOn(const QString &platform, const QByteArray &display, std::optional<double> limit)
     {
         environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
         environment.insert(QStringLiteral("DISPLAY"), QString::fromLatin1(display));
@@ -95,7 +97,7 @@ public:
         const double barememory = median(bare.mebibytes);
         std::printf("%s: %d runs each\n", qPrintable(platform), runs);
         bool iswithin = report("first paint, milliseconds", median(whole.milliseconds), median(bare.milliseconds),
-            median(whole.milliseconds) / median(bare.milliseconds), mostTime);
+            median(whole.milliseconds) / median(bare.milliseconds), limit);
         iswithin = report("memory, MiB", median(whole.mebibytes), barememory, median(whole.mebibytes) - barememory,
                        mostMemory)
             && iswithin;
@@ -119,11 +121,15 @@ private:
     }
 
     // One line: the program's figure, the bare window's, what is compared with the limit.
-    static bool report(const char *title, double measured, double bare, double compared, double limit)
+    static bool report(const char *title, double measured, double bare, double compared, std::optional<double> limit)
     {
-        std::printf("  %-34s %7.1f, bare %7.1f: %5.2f (at most %.2f)%s\n", title, measured, bare, compared, limit,
-            compared <= limit ? "" : "  OVER");
-        return compared <= limit;
+        std::printf("  %-34s %7.1f, bare %7.1f: %5.2f ", title, measured, bare, compared);
+        if (!limit) {
+            std::printf("(no limit)\n");
+            return true;
+        }
+        std::printf("(at most %.2f)%s\n", *limit, compared <= *limit ? "" : "  OVER");
+        return compared <= *limit;
     }
 
     QTemporaryDir home;
@@ -138,7 +144,8 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     Bench bench(argc > 1 ? std::max(1, std::atoi(argv[1])) : 101);
     const XServer server;
-    const bool isoffscreenwithin = bench.compareOn(QStringLiteral("offscreen"), {});
-    const bool isxcbwithin = !server.name().isEmpty() && bench.compareOn(QStringLiteral("xcb"), server.name());
+    const bool isoffscreenwithin = bench.compareOn(QStringLiteral("offscreen"), {}, {});
+    const bool isxcbwithin
+        = !server.name().isEmpty() && bench.compareOn(QStringLiteral("xcb"), server.name(), mostTime);
     return isoffscreenwithin && isxcbwithin ? EXIT_SUCCESS : EXIT_FAILURE;
 }

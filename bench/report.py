@@ -3,8 +3,9 @@
 """Runs every benchmark of a build folder and writes one table of what they measured.
 
 A program says what its limits are, here stands only how it says so: with a line "what  A us / B us = R (at most L)"
-or "what  A, bare B: R (at most L)" for two figures of one run, or with counters of Google Benchmark named median_ms, worst_step_ms, aim_ms and so on. What
-has no limit is printed beside what it is held against.
+or "what  A, bare B: R (at most L)" for two figures of one run, or with counters of Google Benchmark named median_ms,
+worst_step_ms, aim_ms and so on. What has no limit is printed beside what it is held against, or alone: also the times
+of a line "20 foods: add A ms, select all B ms".
 """
 import json
 import os
@@ -27,9 +28,12 @@ LIMITED = [("median_ms", "median_limit_ms"), ("worst_step_ms", "worst_limit_ms")
 # Limits of plain times, in milliseconds.
 TIMES = {"buildTheFoodCatalogue": 1.0}
 RATIO = re.compile(r"^(.+?) +([\d.]+) (\w+) / +([\d.]+) (\w+) = ([\d.]+) \(at most ([\d.]+)\)")
-BARE = re.compile(r"^ +(.+?) +([\d.]+), bare +([\d.]+): +([\d.]+) \(at most ([\d.]+)\)")
+BARE = re.compile(r"^ +(.+?) +([\d.]+), bare +([\d.]+): +([\d.]+) \((?:at most ([\d.]+)|no limit)\)")
+TIMED = re.compile(r"^ *(\d+ foods): (.+)")
 # Programs that measure by themselves and know nothing of Google Benchmark's arguments.
-PLAIN = {"food", "startup"}
+PLAIN = {"daylog", "food", "startup"}
+# What is told without a limit of a program that compares its other figures itself.
+UNJUDGED = {"shutdownSave"}
 MILLISECONDS = {"ns": 1e-6, "us": 1e-3, "ms": 1.0, "s": 1e3}
 
 
@@ -49,7 +53,13 @@ def from_lines(subject, text):
         if found:
             what, value, beside, compared, limit = found.groups()
             yield {"subject": subject, "what": setting + what, "value": float(compared),
-                   "unit": "MiB" if "MiB" in what else "times", "limit": float(limit), "of": f"{value}, bare {beside}"}
+                   "unit": "MiB" if "MiB" in what else "times", "limit": float(limit) if limit else None,
+                   "of": f"{value}, bare {beside}"}
+        found = TIMED.match(line)
+        if found:
+            for what, value in re.findall(r"([a-z ]+?) +([\d.]+) ms", found.group(2)):
+                yield {"subject": subject, "what": f"{found.group(1)}: {what.strip()}", "value": float(value), "unit": "ms",
+                       "limit": None}
         found = RATIO.match(line)
         if found:
             what, value, unit, beside, besideunit, ratio, limit = found.groups()
@@ -79,6 +89,13 @@ def from_results(subject, results):
             yield {"subject": subject, "what": spelt(name), "value": time, "unit": "ms", "limit": TIMES.get(name)}
 
 
+def medians(subject, results):
+    for each in results:
+        if each.get("aggregate_name") == "median" and each["run_name"].split("/")[0] in UNJUDGED:
+            yield {"subject": subject, "what": spelt(each["run_name"]), "unit": "ms", "limit": None,
+                   "value": each["real_time"] * MILLISECONDS[each["time_unit"]]}
+
+
 def measure(program):
     subject = os.path.basename(program).removeprefix("bench_")
     print(f"measuring {subject} ...", file=sys.stderr, flush=True)
@@ -88,10 +105,11 @@ def measure(program):
         run = subprocess.run([os.path.abspath(program), *arguments], cwd=os.path.dirname(program), capture_output=True,
                              text=True, check=False)
         figures = list(from_lines(subject, run.stdout))
-        # A program that compares its own figures has said what there is to say.
-        if not figures and os.path.exists(out):
+        if os.path.exists(out):
             with open(out, encoding="utf-8") as file:
-                figures = list(from_results(subject, json.load(file)["benchmarks"]))
+                results = json.load(file)["benchmarks"]
+            # A program that compares its own figures has said what there is to say of them.
+            figures += medians(subject, results) if figures else from_results(subject, results)
     if not figures:
         sys.exit(f"{program} measured nothing:\n{run.stdout}{run.stderr}")
     return figures

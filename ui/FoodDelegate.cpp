@@ -34,6 +34,7 @@ QTextLine layOut(QTextLayout &layout, const Text &text)
 {
     constexpr qreal unlimited = 1e6;
     layout.setFormats(text.formats);
+    layout.setCacheEnabled(true); // or it is shaped anew to be painted
     layout.beginLayout();
     QTextLine line = layout.createLine();
     line.setLineWidth(unlimited);
@@ -112,10 +113,10 @@ void FoodDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given, c
     painter->setClipRect(option.rect);
     if (!mark.isEmpty()) {
         const int width = option.fontMetrics.horizontalAdvance(mark);
-        constexpr qreal weaker = 0.7;
-        QColor weak = color;
-        weak.setAlphaF(static_cast<float>(weaker));
-        painter->setPen(weak);
+        QColor weaker = color;
+        if (!option.state.testFlag(QStyle::State_Selected)) // on the highlight's colour it would be too pale to read
+            weaker.setAlphaF(0.7F);
+        painter->setPen(weaker);
         painter->setFont(option.font);
         painter->drawText(rect, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), mark);
         rect.setRight(rect.right() - width - 2 * gap);

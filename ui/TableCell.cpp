@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionViewItem>
+#include <QTextLayout>
 #include <QWidget>
 
 #include <utility>
@@ -19,6 +20,15 @@ QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
     if (!option.state.testFlag(QStyle::State_Enabled))
         return QPalette::Disabled;
     return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+}
+
+QTextLine singleLine(QTextLayout &layout)
+{
+    layout.setCacheEnabled(true); // or it is shaped anew to be painted
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return line;
 }
 
 } // namespace
@@ -94,14 +104,16 @@ void TableCell::drawText(
 {
     const qreal side = margin(option);
     const QRectF room = frame.adjusted(side, 0, -side, 0);
-    const QFontMetricsF metrics(option.font);
-    QString text = stringValue();
-    if (metrics.horizontalAdvance(text) > room.width())
-        text = metrics.elidedText(text, Qt::ElideRight, room.width());
-    painter.setFont(option.font);
+    // Most of the time of a paint goes into shaping text, so each is shaped once, to be measured and painted both.
+    QTextLayout layout(stringValue(), option.font);
+    QTextLine line = singleLine(layout);
+    if (line.naturalTextWidth() > room.width()) {
+        layout.setText(QFontMetricsF(option.font).elidedText(layout.text(), Qt::ElideRight, room.width()));
+        line = singleLine(layout);
+    }
+    const qreal left = align.testFlag(Qt::AlignRight) ? room.right() - line.naturalTextWidth() : room.left();
     painter.setPen(ink);
-    const Qt::Alignment where = (align & Qt::AlignHorizontal_Mask) | Qt::AlignVCenter;
-    painter.drawText(room, int(where) | Qt::TextSingleLine | Qt::TextDontClip, text);
+    line.draw(&painter, {left, room.top() + (room.height() - line.height()) / 2});
 }
 
 void TableCell::drawFocus(QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option, const QColor &ink)
