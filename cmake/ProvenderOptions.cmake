@@ -19,10 +19,15 @@ target_compile_definitions(provender_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# provender_library(<name> SOURCES <file>... USES <target>...): one room as a static library.
+# provender_library(<name> SOURCES <file>... [FORMS <form>...] USES <target>...): one room as a static library.
 function(provender_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;USES" ${ARGN})
-  add_library(${name} STATIC ${arg_SOURCES})
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
+  cmake_parse_arguments(arg "" "" "SOURCES;FORMS;USES" ${ARGN})
+  # Not AUTOUIC: Ninja does not know which headers it writes, and would compile against the former ones once.
+  set(headers)
+  if(arg_FORMS)
+    qt_wrap_ui(headers ${arg_FORMS})
+  endif()
+  add_library(${name} STATIC ${arg_SOURCES} ${headers})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
   target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE provender_options)
 endfunction()

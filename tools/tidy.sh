@@ -15,7 +15,7 @@ log=$build/tidy.log
 generate() {
     cmake --preset tidy -B "$build" -D CMAKE_CXX_CLANG_TIDY= -D CMAKE_AUTOGEN_ORIGIN_DEPENDS=OFF \
         -D PROVENDER_FUZZ=ON
-    mapfile -t targets < <(ninja -C "$build" -t targets all | sed -n 's/^\([a-z_-]*_autogen\): phony.*/\1/p')
+    mapfile -t targets < <(ninja -C "$build" -t targets all | sed -n 's/^\([a-z_-]*_autogen\|[a-z]*\/ui_[A-Za-z]*\.h\): .*/\1/p')
     cmake --build "$build" --target "${targets[@]}" catalog/FoodNames.inc
 }
 if ! generate > "$log" 2>&1; then
