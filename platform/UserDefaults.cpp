@@ -98,6 +98,7 @@ QVariant UserDefaults::objectForKey(const QString &key) const
         if (std::optional<QVariant> value = PropertyList::read(stored.bytes))
             return *value;
     }
+    // For good until it is written, although a later look may understand it: at worst a copy is kept that nobody needs.
     if (stored.answer != SqliteStore::Answer::Absent)
         unread.insert(key);
     return registered.value(key);

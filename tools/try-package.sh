@@ -73,7 +73,8 @@ end_all() {
     [[ -z $server ]] || kill "$server"
 }
 trap end_all EXIT
-coproc display { exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$place/display.log"; }
+# A number of its own: two servers that look for a free one at the same time may find the same.
+coproc display { exec Xvfb ":$((100 + $$ % 50000))" -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$place/display.log"; }
 server=$!
 read -r -t 20 -u "${display[0]}" number
 mkdir -p "$place/runtime"
