@@ -9,28 +9,24 @@
 #include <expat.h>
 #include <fcntl.h>
 #include <memory>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-// An open regular file, closed when it goes out of scope.
-class RegularFile {
+// An open file, closed when it goes out of scope. A folder cannot be read, and a pipe does not block.
+class File {
 public:
-    explicit RegularFile(const QString &path)
+    explicit File(const QString &path)
         : descriptor(::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC))
-    {
-        struct stat status = {};
-        regular = descriptor >= 0 && ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
-    }
-    ~RegularFile()
+    { }
+    ~File()
     {
         if (descriptor >= 0)
             ::close(descriptor);
     }
-    Q_DISABLE_COPY_MOVE(RegularFile)
+    Q_DISABLE_COPY_MOVE(File)
 
-    [[nodiscard]] bool isOpen() const { return regular; }
+    [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
 
     // The number of bytes read, 0 at the end, negative on an error.
     [[nodiscard]] int read(void *buffer, int size) const
@@ -44,7 +40,6 @@ public:
 
 private:
     int descriptor;
-    bool regular = false;
 };
 
 void startElement(void *user, const XML_Char *element, const XML_Char **attributes)
@@ -64,7 +59,7 @@ std::optional<std::string_view> FoodFile::Attributes::value(std::string_view nam
 
 bool FoodFile::parse(const QString &path, const DidStartElement &didstartelement)
 {
-    const RegularFile file(path);
+    const File file(path);
     if (!file.isOpen())
         return false;
     const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(

@@ -282,6 +282,17 @@ private slots:
         run->controller.nextDay();
         QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_11_02"));
         QCOMPARE(run->controller.curdate.toLocalTime().time(), QTime(1, 30));
+        run->controller.previousDay(); // which has 25 hours
+        run->controller.previousDay();
+        QCOMPARE(run->controller.curdate, localInstant({2026, 10, 31}, {1, 30}));
+    }
+
+    void aDateGivenInLocalTimeStaysItsInstantInAnotherZone()
+    {
+        const TimeZone newyork("America/New_York");
+        run->controller.setDate(QDateTime({2026, 6, 1}, {22, 0}, Qt::LocalTime));
+        TimeZone::enter("Pacific/Auckland");
+        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_06_02"));
     }
 
     void itemsThatAreNoRecordAreKeptBehindTheEntries()

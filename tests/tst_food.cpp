@@ -90,6 +90,13 @@ private slots:
         QCOMPARE(food.getAmountOfNutrient(-1), 0.0F);
     }
 
+    void aNutrientThatTheFileDoesNotListIsZeroWhateverTheWeight()
+    {
+        Food food(name);
+        food.setCuramount(std::numeric_limits<float>::infinity());
+        QCOMPARE(bits(food.getAmountOfNutrient(QStringLiteral("Protein"))), bits(0.0F)); // not 0 times infinity
+    }
+
     void theAmountIsDividedFirstAndMultipliedSecondInFloat()
     {
         Food food(name);

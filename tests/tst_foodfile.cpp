@@ -54,6 +54,7 @@ private slots:
         row("entities are text", "name='&lt;1&quot; &amp; &#xB5;' amount='1' grams='9'", "1 <1\" & \u00b5=9");
         row("a unit called g is not the gram", "name='g' amount='1' grams='9'", "1 g=9");
         row("blanks before numbers are skipped", "name='cup' amount=' 2' grams='  7'", "2 cup=7");
+        row("a value is not taken for a name", "name='amount' amount='2' grams='9'", "2 amount=9");
         row("the order of attributes is free", "grams='9' name='cup' amount='1' more='x'", "1 cup=9");
     }
 
@@ -121,6 +122,9 @@ private slots:
     {
         files->writeElements(name, "<nutrient name='Energy' amount='5'/><nutrient name='Energy'/>");
         QCOMPARE(energyOf(name), 0.0F);
+        Food endless(name);
+        endless.setCuramount(std::numeric_limits<float>::infinity());
+        QCOMPARE(endless.getAmountOfNutrient(energy), 0.0F); // unknown, which 0 times infinity would not be
         files->writeElements(name, "<nutrient name='Energy'/><nutrient name='Energy' amount='5'/>");
         QCOMPARE(energyOf(name), 5.0F);
     }

@@ -117,6 +117,28 @@ private slots:
         QVERIFY(!decoded->curunit());
     }
 
+    // What a store holds stays readable by others only if it stays what it is. The bytes were read by another reader of
+    // property lists: 2.5 of "1 tbsp", index 2.
+    void aRecordIsTheseBytes()
+    {
+        Food food(QStringLiteral("Butter, salted"));
+        food.setCuramount(2.5F);
+        food.setCurunit(QStringLiteral("1 tbsp"));
+        food.setCurunitidx(2);
+        QCOMPARE(FoodRecord::archivedDataWithRootObject(food).toHex(),
+            QByteArray("62706c697374303055246e756c6c5e4275747465722c2073616c7465648002546e616d652240200000800356616d6f7"
+                       "56e745631"
+                       "2074627370800454756e69741002800557756e697469647854466f6f64584e534f626a656374a20d0e5a24636c61737"
+                       "36e616d65"
+                       "5824636c6173736573d210110d0f80065624636c617373d50306090c140205080b1354726f6f748001d116175824766"
+                       "57273696f"
+                       "6e12000186a0592461726368697665725f100f4e534b6579656441726368697665725424746f7058246f626a6563747"
+                       "3a7001501"
+                       "04070a12d4191b1d1e1a1c181f080e1d1f24292b32393b4042444c515a5d687176787f8a8f91949da2acbec3ccd4000"
+                       "000000000"
+                       "01010000000000000021000000000000002000000000000000dd"));
+    }
+
     void archivingReadsNoFile()
     {
         const Food food(A);
