@@ -3,6 +3,8 @@
 
 #include "tests/support/FaultyVfs.h"
 
+#include "tests/support/VfsLayer.h"
+
 #include <QFile>
 
 #include <sqlite3.h>
@@ -11,29 +13,26 @@
 
 namespace {
 
+using VfsLayer::onDisk;
+
 sqlite3_vfs *diskVfs()
 {
     static sqlite3_vfs *disk = sqlite3_vfs_find("unix");
     return disk;
 }
 
-// SQLite's file object: ours, and behind it in the same memory the disk's.
+// The layer's part of SQLite's file object.
 struct LayeredFile {
     sqlite3_file base;
     FaultyVfs *layer;
     QString *path;
 };
 
-constexpr int alignedSize = (int(sizeof(LayeredFile)) + 15) / 16 * 16;
+static_assert(sizeof(LayeredFile) <= VfsLayer::ownSize);
 
 LayeredFile *layered(sqlite3_file *file)
 {
     return reinterpret_cast<LayeredFile *>(file);
-}
-
-sqlite3_file *onDisk(sqlite3_file *file)
-{
-    return reinterpret_cast<sqlite3_file *>(reinterpret_cast<char *>(file) + alignedSize);
 }
 
 int closeFile(sqlite3_file *file)
@@ -87,34 +86,9 @@ int lockFile(sqlite3_file *file, int level)
     return onDisk(file)->pMethods->xLock(onDisk(file), level);
 }
 
-int unlockFile(sqlite3_file *file, int level)
-{
-    return onDisk(file)->pMethods->xUnlock(onDisk(file), level);
-}
-
-int checkReservedLock(sqlite3_file *file, int *islocked)
-{
-    return onDisk(file)->pMethods->xCheckReservedLock(onDisk(file), islocked);
-}
-
-int fileControl(sqlite3_file *file, int operation, void *argument)
-{
-    return onDisk(file)->pMethods->xFileControl(onDisk(file), operation, argument);
-}
-
-int sectorSize(sqlite3_file *file)
-{
-    return onDisk(file)->pMethods->xSectorSize(onDisk(file));
-}
-
-int deviceCharacteristics(sqlite3_file *file)
-{
-    return onDisk(file)->pMethods->xDeviceCharacteristics(onDisk(file));
-}
-
-const sqlite3_io_methods methods
-    = {1, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile, unlockFile, checkReservedLock,
-        fileControl, sectorSize, deviceCharacteristics, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
+const sqlite3_io_methods methods = {1, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile,
+    VfsLayer::unlockFile, VfsLayer::checkReservedLock, VfsLayer::fileControl, VfsLayer::sectorSize,
+    VfsLayer::deviceCharacteristics, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
 
 FaultyVfs *layerOf(sqlite3_vfs *vfs)
 {
@@ -157,7 +131,7 @@ FaultyVfs::FaultyVfs()
     : vfs(std::make_unique<sqlite3_vfs>(*diskVfs()))
 {
     vfs->iVersion = 1;
-    vfs->szOsFile = alignedSize + diskVfs()->szOsFile;
+    vfs->szOsFile = VfsLayer::ownSize + diskVfs()->szOsFile;
     vfs->pNext = nullptr;
     vfs->zName = "faulty";
     vfs->pAppData = this;

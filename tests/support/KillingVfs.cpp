@@ -3,6 +3,8 @@
 
 #include "tests/support/KillingVfs.h"
 
+#include "tests/support/VfsLayer.h"
+
 #include <algorithm>
 #include <csignal>
 #include <cstring>
@@ -12,23 +14,20 @@
 
 namespace {
 
+using VfsLayer::onDisk;
+
 Progress *told = nullptr;
 int fatal = 0;
 KillingVfs::When moment = KillingVfs::When::Before;
 sqlite3_vfs *disk = nullptr;
 
-// SQLite's file object: ours, and behind it in the same memory the disk's.
+// The layer's part of SQLite's file object.
 struct WatchedFile {
     sqlite3_file base;
     bool isjournal;
 };
 
-constexpr int alignedSize = (int(sizeof(WatchedFile)) + 15) / 16 * 16;
-
-sqlite3_file *onDisk(sqlite3_file *file)
-{
-    return reinterpret_cast<sqlite3_file *>(reinterpret_cast<char *>(file) + alignedSize);
-}
+static_assert(sizeof(WatchedFile) <= VfsLayer::ownSize);
 
 bool isJournal(sqlite3_file *file)
 {
@@ -134,34 +133,9 @@ int lockFile(sqlite3_file *file, int level)
     return onDisk(file)->pMethods->xLock(onDisk(file), level);
 }
 
-int unlockFile(sqlite3_file *file, int level)
-{
-    return onDisk(file)->pMethods->xUnlock(onDisk(file), level);
-}
-
-int checkReservedLock(sqlite3_file *file, int *islocked)
-{
-    return onDisk(file)->pMethods->xCheckReservedLock(onDisk(file), islocked);
-}
-
-int fileControl(sqlite3_file *file, int operation, void *argument)
-{
-    return onDisk(file)->pMethods->xFileControl(onDisk(file), operation, argument);
-}
-
-int sectorSize(sqlite3_file *file)
-{
-    return onDisk(file)->pMethods->xSectorSize(onDisk(file));
-}
-
-int deviceCharacteristics(sqlite3_file *file)
-{
-    return onDisk(file)->pMethods->xDeviceCharacteristics(onDisk(file));
-}
-
-const sqlite3_io_methods methods
-    = {1, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile, unlockFile, checkReservedLock,
-        fileControl, sectorSize, deviceCharacteristics, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
+const sqlite3_io_methods methods = {1, closeFile, readFile, writeFile, truncateFile, syncFile, fileSize, lockFile,
+    VfsLayer::unlockFile, VfsLayer::checkReservedLock, VfsLayer::fileControl, VfsLayer::sectorSize,
+    VfsLayer::deviceCharacteristics, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr};
 
 int openFile(sqlite3_vfs * /*vfs*/, const char *name, sqlite3_file *file, int flags, int *outflags)
 {
@@ -192,7 +166,7 @@ void KillingVfs::install(Progress &progress, int operation, When when)
     disk = sqlite3_vfs_find(nullptr);
     static sqlite3_vfs layer = *disk;
     layer.zName = "killing";
-    layer.szOsFile = alignedSize + disk->szOsFile;
+    layer.szOsFile = VfsLayer::ownSize + disk->szOsFile;
     layer.xOpen = openFile;
     layer.xDelete = deleteFile;
     sqlite3_vfs_register(&layer, 1);
