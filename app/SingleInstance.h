@@ -7,9 +7,6 @@
 #include <QString>
 
 #include <functional>
-#include <optional>
-
-class QSocketNotifier;
 
 // One program per store. The first start listens on an abstract local socket named by user and store path; a second one
 // finds it taken, asks the first to come to the front, and ends. An abstract socket goes with its process, so nothing
