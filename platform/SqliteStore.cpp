@@ -11,6 +11,7 @@
 
 #include <sqlite3.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -27,10 +28,10 @@ constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
 void syncFolder(const QString &folder)
 {
     const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle < 0)
-        return;
-    ::fsync(handle); // a file system that cannot do it has no better way either
-    ::close(handle);
+    if (handle >= 0) {
+        ::fsync(handle); // a file system that cannot do it has no better way either
+        ::close(handle);
+    }
 }
 
 // The folder and those above it, each for its owner alone, as far as they are missing.
@@ -169,16 +170,20 @@ bool SqliteStore::isUnusable(int result)
 bool SqliteStore::setAside()
 {
     close();
+    // The journal comes before the store: it would be played back into the next one of this name.
+    const QStringList parts = {QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm"), QString()};
+    const auto isTaken = [&parts](const QString &name) {
+        return std::any_of(parts.begin(), parts.end(), [&name](const QString &part) {
+            return QFileInfo(name + part).isSymLink() || QFileInfo::exists(name + part);
+        });
+    };
     QString aside = path + QStringLiteral(".unusable");
-    for (int number = 2; QFileInfo(aside).isSymLink() || QFileInfo::exists(aside); ++number)
+    for (int number = 2; isTaken(aside); ++number)
         aside = path + QStringLiteral(".unusable-%1").arg(number);
-    // The journal first: it would be played back into the next store of this name.
-    for (const QString &companion : {QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm")}) {
-        if (QFileInfo::exists(path + companion) && !QFile::rename(path + companion, aside + companion))
+    for (const QString &part : parts) {
+        if (QFileInfo::exists(path + part) && !QFile::rename(path + part, aside + part))
             return false;
     }
-    if (!QFile::rename(path, aside))
-        return false;
     syncFolder(QFileInfo(path).absolutePath());
     return true;
 }
@@ -240,11 +245,9 @@ int SqliteStore::commit(const QList<Change> &changes)
         result = apply(changes);
     if (result == SQLITE_OK)
         result = execute("COMMIT");
-    if (result != SQLITE_OK)
-        execute("ROLLBACK");
-    else
+    if (result == SQLITE_OK)
         hastable = true;
-    return result;
+    return result; // a failed one is rolled back when its connection is closed, and it always is
 }
 
 int SqliteStore::apply(const QList<Change> &changes)

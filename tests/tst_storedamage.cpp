@@ -130,6 +130,18 @@ private slots:
         QCOMPARE(stored(day), number(1));
     }
 
+    void aJournalThatWasSetAsideEarlierIsNotInTheWay()
+    {
+        writeFile(path, "no database");
+        writeFile(path + QStringLiteral("-journal"), QByteArray(28, '\0'));
+        writeFile(aside("-journal"), "an earlier journal");
+        UserDefaults(path).setObject(1, day);
+        QCOMPARE(contentOf(aside("-journal")), QByteArray("an earlier journal"));
+        QCOMPARE(contentOf(aside("-2")), QByteArray("no database"));
+        QCOMPARE(contentOf(aside("-2-journal")), QByteArray(28, '\0'));
+        QCOMPARE(stored(day), number(1));
+    }
+
     void aJournalOfASaveThatWasCutOffIsPlayedBack()
     {
         UserDefaults(path).setObject(1, day);

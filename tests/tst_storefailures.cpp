@@ -98,6 +98,74 @@ private slots:
         QVERIFY(defaults.synchronize());
     }
 
+    void aFlagFollowsTheStoreAndWhatWasSetAcrossALock()
+    {
+        const QString flag = QStringLiteral("UseP");
+        UserDefaults(path).setObject(false, flag);
+        UserDefaults defaults(path);
+        defaults.registerDefaults({{flag, QStringLiteral("YES")}});
+        {
+            Connection other(path);
+            QVERIFY(other.run("BEGIN EXCLUSIVE"));
+            QVERIFY(defaults.boolForKey(flag)); // nobody can tell what is stored
+        }
+        defaults.setObject(1, day);
+        QVERIFY(!defaults.boolForKey(flag));
+    }
+
+    void aFlagSetWhileTheStoreIsLockedCountsAtOnce()
+    {
+        const QString flag = QStringLiteral("UseP");
+        UserDefaults(path).setObject(1, day);
+        UserDefaults defaults(path);
+        Connection other(path);
+        QVERIFY(other.run("BEGIN EXCLUSIVE"));
+        QVERIFY(!defaults.boolForKey(flag));
+        defaults.setObject(true, flag);
+        QVERIFY(defaults.boolForKey(flag));
+        QVERIFY(other.run("COMMIT"));
+    }
+
+    void whatIsNoRegularFileIsLeftAlone_data()
+    {
+        QTest::addColumn<bool>("ispipe");
+        QTest::newRow("a link to a device") << false;
+        QTest::newRow("a pipe") << true;
+    }
+
+    void whatIsNoRegularFileIsLeftAlone()
+    {
+        QFETCH(bool, ispipe);
+        QVERIFY(QDir().mkpath(folder));
+        if (ispipe)
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        else
+            QVERIFY(QFile::link(QStringLiteral("/dev/null"), path));
+        {
+            UserDefaults defaults(path);
+            QVERIFY(!defaults.objectForKey(day).isValid());
+            defaults.setObject(1, day);
+            QCOMPARE(defaults.objectForKey(day), number(1));
+            QVERIFY(!defaults.synchronize());
+        }
+        QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot),
+            QStringList{QStringLiteral("preferences.sqlite")});
+        QVERIFY(QFile::remove(path));
+    }
+
+    void aLinkToNowhereIsNoStoreUntilItLeadsSomewhere()
+    {
+        QVERIFY(QDir().mkpath(folder));
+        const QString elsewhere = place->home.filePath(QStringLiteral("elsewhere"));
+        QVERIFY(QFile::link(elsewhere + QStringLiteral("/store"), path));
+        UserDefaults defaults(path);
+        defaults.setObject(1, day);
+        QVERIFY(!defaults.synchronize());
+        QVERIFY(QDir().mkpath(elsewhere));
+        QVERIFY(defaults.synchronize());
+        QVERIFY(QFile::exists(elsewhere + QStringLiteral("/store")));
+    }
+
     void whatALockedStoreHeldIsKeptBesideWhatWasEnteredMeanwhile()
     {
         UserDefaults(path).setObject(1, day);
@@ -211,6 +279,7 @@ private slots:
     void aDamagedStoreInAReadOnlyFolderStaysAndValuesWait()
     {
         writeFile(path, "no database");
+        writeFile(path + QStringLiteral("-journal"), QByteArray(28, '\0'));
         handToNobody();
         {
             const Unprivileged person;
@@ -219,9 +288,11 @@ private slots:
             defaults.setObject(2, day);
             QCOMPARE(defaults.objectForKey(day), number(2));
             QCOMPARE(contentOf(path), QByteArray("no database"));
+            QVERIFY(QFile::exists(path + QStringLiteral("-journal")));
             setMode(folder, 0700);
         }
         QCOMPARE(contentOf(aside()), QByteArray("no database"));
+        QVERIFY(QFile::exists(aside("-journal")));
         QCOMPARE(stored(day), number(2));
     }
 
