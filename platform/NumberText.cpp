@@ -82,8 +82,7 @@ float NumberText::floatValue(std::string_view text)
     std::size_t fraction = 0;
     if (length < text.size() && text[length] == '.') {
         fraction = leadingDigits(text.substr(length + 1));
-        if (whole + fraction > 0)
-            length += 1 + fraction;
+        length += 1 + fraction;
     }
     if (whole + fraction == 0)
         return 0.0F;

@@ -36,8 +36,7 @@ std::optional<Document> Document::parse(const QByteArray &bytes)
         return {};
     if (document.tableoffset <= headerSize || document.tableoffset >= trailer)
         return {};
-    if (document.objectcount > (trailer - document.tableoffset) / document.offsetsize
-        || document.top >= document.objectcount)
+    if (document.objectcount > (trailer - document.tableoffset) / document.offsetsize)
         return {};
     return document;
 }

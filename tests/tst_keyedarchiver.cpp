@@ -262,6 +262,7 @@ private slots:
         textRow("a sign alone", 0.0F, 0, QStringLiteral("-"));
         textRow("text of the largest integer", 2147483647.0F, most, QStringLiteral("2147483647"));
         textRow("text just beyond 32 bits", 2147483648.0F, most, QStringLiteral("2147483648"));
+        textRow("text beyond 64 bits", 18446744073709551616.0F, most, QStringLiteral("18446744073709551617"));
         textRow("text of the smallest integer", -2147483648.0F, least, QStringLiteral("-2147483648"));
         textRow("text beyond 64 bits", -1e20F, least, QStringLiteral("-100000000000000000000"));
         textRow("hexadecimal text", 0.0F, 0, QStringLiteral("0x10"));

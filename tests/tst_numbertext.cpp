@@ -63,6 +63,10 @@ private slots:
         row("too small is 0", "1e-400", 0.0F);
         row("too small for a float alone is 0", "1e-46", 0.0F);
         row("the smallest float is itself", "1e-45", std::numeric_limits<float>::denorm_min());
+        row("too small and ending in an exponent without digits is 0",
+            "0.0000000000000000000000000000000000000000000000000000000000001e", 0.0F);
+        row("too small and ending in an exponent with a sign alone is 0",
+            "0.0000000000000000000000000000000000000000000000000000000000001e+", 0.0F);
         row("a zero with a large exponent is 0", "0e400", 0.0F);
         row("an exponent beyond any integer is infinity", "1e99999999999999999999999", infinity);
         row("a negative exponent beyond any integer is 0", "1e-99999999999999999999999", 0.0F);

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/SqliteStatement.h"
+#include "platform/SqliteStore.h"
 #include "platform/UserDefaults.h"
 #include "support/FaultyVfs.h"
 
@@ -268,6 +269,66 @@ private slots:
             QCOMPARE(files().join(u' '), QStringLiteral("preferences.sqlite")); // an error is no damage
         }
         QVERIFY2(hits > 10, "too few operations failed");
+    }
+
+    void aFaultDuringTheFirstSaveOnlyDelaysIt()
+    {
+        bool isfinished = false;
+        int hits = 0;
+        for (int operation = 1; !isfinished; ++operation) {
+            home = std::make_unique<QTemporaryDir>();
+            folder = home->filePath(QStringLiteral("provender"));
+            path = folder + QStringLiteral("/preferences.sqlite");
+            FaultyVfs disk;
+            const Contents contents = Contents::numbered(1);
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault::InputOutput, operation, true, Count::Everything);
+                defaults.setObject(contents.yesterdaylog, yesterday);
+                isfinished = !disk.hasStruck();
+                hits += isfinished ? 0 : 1;
+                disk.disarm();
+                QVERIFY(save(defaults, contents));
+            }
+            QCOMPARE(Contents::of(UserDefaults(path)), contents);
+            QCOMPARE(files().join(u' '), QStringLiteral("preferences.sqlite"));
+        }
+        QVERIFY2(hits > 10, "too few operations failed");
+    }
+
+    void aFaultWhileAFormerValueIsKeptLosesNeitherValue()
+    {
+        bool isfinished = false;
+        int hits = 0;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            FaultyVfs disk;
+            {
+                UserDefaults defaults(path);
+                defaults.keepUnread(today);
+                disk.arm(Fault::InputOutput, operation, true, Count::Everything);
+                defaults.setObject(Contents::numbered(2).todaylog, today);
+                isfinished = !disk.hasStruck();
+                hits += isfinished ? 0 : 1;
+                disk.disarm();
+            }
+            const UserDefaults defaults(path);
+            QCOMPARE(defaults.objectForKey(today), Contents::numbered(2).todaylog);
+            QCOMPARE(defaults.objectForKey(today + QStringLiteral(".unread")), Contents::numbered(1).todaylog);
+        }
+        QVERIFY2(hits > 10, "too few operations failed");
+    }
+
+    void aFaultThatIsOverIsOvercomeByASecondTry()
+    {
+        layOut();
+        FaultyVfs disk;
+        SqliteStore store(path);
+        QCOMPARE(store.read(today).answer, SqliteStore::Answer::Found);
+        disk.arm(Fault::InputOutput, 1, false);
+        QVERIFY(store.write({{rdas, "later", false}}));
+        QVERIFY(disk.hasStruck());
+        QCOMPARE(store.read(rdas).bytes, QByteArray("later"));
     }
 
     void aFaultDuringTheLastSaveLeavesAllOrNothing()

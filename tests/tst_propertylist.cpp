@@ -171,6 +171,38 @@ private slots:
             QByteArray("bplist00") + hex("333ff8000000000000") + hex("08") + trailer(1, 1, 1, 0, 17));
     }
 
+    void anIntegerTakesTheFewestBytes_data()
+    {
+        QTest::addColumn<qint64>("value");
+        QTest::addColumn<QByteArray>("object");
+        const auto row = [](qint64 value, const char *object) {
+            QTest::addRow("%lld", static_cast<long long>(value)) << value << hex(object);
+        };
+        row(255, "10ff");
+        row(256, "110100");
+        row(65535, "11ffff");
+        row(65536, "1200010000");
+        row(4294967295, "12ffffffff");
+        row(4294967296, "130000000100000000");
+        row(-1, "13ffffffffffffffff");
+    }
+
+    void anIntegerTakesTheFewestBytes()
+    {
+        QFETCH(qint64, value);
+        QFETCH(QByteArray, object);
+        QVERIFY(PropertyList::write(value).value().startsWith("bplist00" + object + '\x08'));
+    }
+
+    void aDateIsReadToTheNearestMillisecond()
+    {
+        Writer writer;
+        const Reference root = writer.addArray({writer.addDate(0.0006), writer.addDate(-0.0006)});
+        const QVariantList dates = PropertyList::read(writer.document(root)).value().toList();
+        const QDateTime start({2001, 1, 1}, {0, 0}, Qt::UTC);
+        QCOMPARE(dates, (QVariantList{start.addMSecs(1), start.addMSecs(-1)}));
+    }
+
     void theBytesOfAListAreThese()
     {
         const QVariantList list{QStringLiteral("g"), 100.0F, qint64(-1), QStringLiteral("g")};
@@ -269,7 +301,9 @@ private slots:
         row("an offset inside the header", QByteArray("bplist00\x10\x07\x07") + trailer(1, 1, 1, 0, 10));
         row("an offset inside the table", QByteArray("bplist00\x10\x07\x0a") + trailer(1, 1, 1, 0, 10));
         row("an offset behind the file", QByteArray("bplist00\x10\x07\xff") + trailer(1, 1, 1, 0, 10));
+        row("an offset at the file's first byte", QByteArray("bplist00\x10\x07\x00", 11) + trailer(1, 1, 1, 0, 10));
         row("an integer cut off", documentOf(hex("13000000")));
+        row("an integer that lacks one byte", documentOf(hex("1107")));
         row("an integer of 32 bytes", documentOf(hex("15") + QByteArray(32, '\1')));
         row("a real cut off", documentOf(hex("2300")));
         row("a real of two bytes", documentOf(hex("210000")));
@@ -278,8 +312,10 @@ private slots:
         row("a text cut off", documentOf(hex("5361")));
         row("a text of two-byte characters cut off", documentOf(hex("620061")));
         row("a text that claims to be ASCII", documentOf(hex("51e9")));
+        row("a text of the first byte beyond ASCII", documentOf(hex("5180")));
         row("a count that is cut off", documentOf(hex("5f")));
         row("a count whose integer is cut off", documentOf(hex("5f1300")));
+        row("a count of sixteen bytes", documentOf(hex("5f14") + QByteArray(15, '\0') + hex("0161")));
         row("a count that is no integer", documentOf(hex("5f5161")));
         row("a count beyond the file", documentOf(hex("5f137fffffffffffffff61")));
         row("a count beyond counting", documentOf(hex("af13ffffffffffffffff")));
