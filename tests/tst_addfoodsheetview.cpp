@@ -273,6 +273,36 @@ private slots:
         QVERIFY2(bold > plain * 11 / 10, qPrintable(QStringLiteral("%1 against %2").arg(bold).arg(plain)));
     }
 
+    void theMarkOfAFoodInTheLogIsReadOnEveryRow()
+    {
+        sheet->setFoodsInLog({FoodCatalogue::foodNames().at(0)});
+        open();
+        // The strongest contrast against the row's own ground, in the row's right quarter, where no name reaches.
+        const auto contrastAtTheRight = [this](int row) {
+            const QRect rect = list()->visualRect(list()->model()->index(row, 0));
+            const QImage image = list()->viewport()->grab(rect.adjusted(rect.width() * 3 / 4, 1, -2, -1)).toImage();
+            const QColor ground = image.pixelColor(image.width() - 1, 1);
+            int most = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    most = std::max(most, std::abs(qGray(image.pixel(x, y)) - qGray(ground.rgb())));
+            }
+            return most;
+        };
+        list()->clearSelection();
+        list()->setCurrentIndex({});
+        const int plain = contrastAtTheRight(0);
+        QCOMPARE(contrastAtTheRight(1), 0);
+        list()->setCurrentIndex(list()->model()->index(0, 0));
+        list()->selectionModel()->select(list()->currentIndex(), QItemSelectionModel::ClearAndSelect);
+        const int selected = contrastAtTheRight(0);
+        const QPalette palette = list()->palette();
+        const int whole = std::abs(
+            qGray(palette.color(QPalette::HighlightedText).rgb()) - qGray(palette.color(QPalette::Highlight).rgb()));
+        QVERIFY2(plain > 100, qPrintable(QString::number(plain)));
+        QVERIFY2(selected > whole * 8 / 10, qPrintable(QStringLiteral("%1 of %2").arg(selected).arg(whole)));
+    }
+
     void allRowsHaveOneHeight()
     {
         open();

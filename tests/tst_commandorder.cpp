@@ -108,7 +108,8 @@ private slots:
         rows("RDAreset", {}, {});
         rows("RDAtick", {}, {});
         // An empty day drops every row: the handler runs inside the log's reload.
-        rows("setDate of another day", {nutrients, reloadlog, nutrients}, {nutrients, reloadlog, handler, nutrients, nutrients});
+        rows("setDate of another day", {nutrients, reloadlog, nutrients},
+            {nutrients, reloadlog, handler, nutrients, nutrients});
     }
 
     void eachCommandTakesItsStepsInOrder()

@@ -122,6 +122,16 @@ private:
         }
     }
 
+    // Its exit code and what it says.
+    [[nodiscard]] std::pair<int, QByteArray> grabScreen(const QStringList &arguments) const
+    {
+        QProcess grab;
+        grab.setProcessEnvironment(home->environment(server->name()));
+        grab.start(QStringLiteral(GRAB_SCREEN), arguments);
+        grab.waitForFinished();
+        return {grab.exitCode(), grab.readAllStandardError()};
+    }
+
 private slots:
     void initTestCase()
     {
@@ -336,6 +346,18 @@ private slots:
         }
         QCOMPARE(home->entries(QStringLiteral("2015_05_13")), QStringList());
         QCOMPARE(home->entries(day).size(), 3);
+    }
+
+    void aPictureOfTheScreenIsTakenOrItSaysWhyNot()
+    {
+        Program run(program, *home, server.get());
+        QVERIFY(run.startShown());
+        const QString picture = home->path() + QStringLiteral("/picture.png");
+        QCOMPARE(grabScreen({picture}), std::make_pair(0, QByteArray()));
+        QVERIFY(QFile::exists(picture));
+        const QString nowhere = home->path() + QStringLiteral("/nowhere/picture.png");
+        QCOMPARE(grabScreen({nowhere}), std::make_pair(1, "grab-screen: cannot write " + nowhere.toUtf8() + '\n'));
+        QCOMPARE(grabScreen({}), std::make_pair(2, QByteArray("usage: grab-screen <picture.png>\n")));
     }
 };
 

@@ -167,6 +167,32 @@ private slots:
         QVERIFY(std::isnan(cell.percent()));
     }
 
+    void aClearedCellHasNoBar()
+    {
+        TextFieldCellRDA cell;
+        cell.setObjectValue(QStringLiteral("150 %"));
+        cell.setPercent(1.5F);
+        cell.setDrawsBackground(true);
+        cell.clear();
+        QCOMPARE(cell.percent(), 0.0F);
+        QVERIFY(!cell.drawsBackground());
+        QCOMPARE(cell.stringValue(), QString());
+    }
+
+    void theBarIsPaintedOnATurnedPainterToo()
+    {
+        QImage image(200, 200, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.rotate(90);
+        painter.translate(0, -20);
+        TextFieldCellRDA cell;
+        cell.setPercent(2.0F);
+        cell.drawWithFrame(painter, {0, 0, 50, 20}, QStyleOptionViewItem());
+        QCOMPARE(image.pixelColor(10, 95), QColor(Qt::red)); // twice the width, downwards
+        QCOMPARE(image.pixelColor(10, 105), QColor(Qt::white));
+    }
+
     void noFrameHasASelectionColour()
     {
         const TextFieldCellRDA cell;

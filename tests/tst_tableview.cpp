@@ -445,6 +445,25 @@ private slots:
         QCOMPARE(cellAt(*table, 1, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("Name of row 1"));
     }
 
+    void theModelAnswersWhatIsNoCellOfItsWithNothing()
+    {
+        load(2);
+        QAbstractItemModel *model = table->model();
+        QVERIFY(!model->data({}).isValid());
+        QVERIFY(!model->headerData(4, Qt::Horizontal).isValid());
+        QVERIFY(!model->headerData(-1, Qt::Horizontal).isValid());
+        QVERIFY(!model->setData(model->index(0, 1), 5, Qt::DisplayRole));
+        QVERIFY(!model->setData({}, 5));
+        QCOMPARE(source.notes, none());
+    }
+
+    void aRowsHeaderIsSpokenAsItsFirstCellAndNeverShown()
+    {
+        load(2);
+        QCOMPARE(table->model()->headerData(1, Qt::Vertical, Qt::AccessibleTextRole), QVariant(shown(1, 0)));
+        QVERIFY(!table->model()->headerData(1, Qt::Vertical).isValid());
+    }
+
     // Size
 
     void sevenThousandRowsAreReloadedSelectedAndDroppedQuickly()

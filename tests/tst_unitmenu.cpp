@@ -38,6 +38,23 @@ private slots:
         QCOMPARE(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name), QStringLiteral("Unit"));
     }
 
+    void aDoubleClickWhoseFirstClickChoseAnItemOpensTheMenuAgainAndNoEditor()
+    {
+        const QPoint place = middleOf(*table, 2, unit);
+        QMouseEvent event(QEvent::MouseButtonDblClick, place, table->viewport()->mapToGlobal(place), Qt::LeftButton,
+            Qt::LeftButton, {});
+        QCoreApplication::sendEvent(table->viewport(), &event);
+        QVERIFY(openMenuOf(*table) != nullptr);
+        QVERIFY(editor() == nullptr);
+    }
+
+    void theCellIsAsWideAsItsTextAndTheArrow()
+    {
+        const QSize menu = table->itemDelegate()->sizeHint({}, cellAt(*table, 2, unit));
+        const QFontMetricsF metrics{QStyleOptionViewItem().font};
+        QVERIFY(menu.width() > metrics.horizontalAdvance(QStringLiteral("cup & 2")) + 12);
+    }
+
     void aClickWithAModifierSelectsInstead()
     {
         QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 2, unit));

@@ -73,8 +73,6 @@ QWidget *FoodPreview::measures() const
 
 QString FoodPreview::description() const
 {
-    if (shown.isEmpty())
-        return {};
     QStringList parts{shown};
     for (const Figure &figure : figures())
         parts << figure.label->text() + u' ' + figure.figure->text();
