@@ -3,7 +3,7 @@
 
 # Read by cpack before it makes the package: what the package depends on. dpkg-shlibdeps tells what the program is
 # linked with; CPack's own call of it would first ask `file` about each of the 7,801 food files, which takes over a
-# minute. The platform plugin is loaded at run time, so no linker knows of it.
+# minute. The platform plugin for X is loaded at run time; it is in libqt6gui6 itself.
 set(folder ${CPACK_PACKAGE_DIRECTORY}/shlibdeps)
 file(WRITE ${folder}/debian/control "Source: provender\nPackage: provender\nArchitecture: any\n")
 file(MAKE_DIRECTORY ${folder}/debian/provender/DEBIAN)
@@ -13,4 +13,4 @@ execute_process(COMMAND dpkg-shlibdeps -O debian/provender/usr/bin/provender WOR
 if(NOT answer MATCHES "^shlibs:Depends=(.+)$")
   message(FATAL_ERROR "dpkg-shlibdeps said: ${answer}")
 endif()
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "${CMAKE_MATCH_1}, qt6-qpa-plugins")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "${CMAKE_MATCH_1}")

@@ -53,9 +53,9 @@ grep -q "<release version=\"$version\"" "$root/usr/share/metainfo/org.provender.
 [[ $(zcat "$root/usr/share/man/man1/provender.1.gz") == *"\"Provender $version\""* ]] ||
     fail "the manual page is not of version $version"
 
-# What the program is linked with, and the platform plugin, which it loads; nothing that only building needs.
+# What the program is linked with; nothing that only building needs.
 depends=$(dpkg-deb -f "$package" Depends)
-for name in libc6 libexpat1 libqt6core6 libqt6gui6 libqt6widgets6 libsqlite3-0 libstdc++6 qt6-qpa-plugins; do
+for name in libc6 libexpat1 libqt6core6 libqt6gui6 libqt6widgets6 libsqlite3-0 libstdc++6; do
     [[ ", $depends," == *", $name"[\ ,]* ]] || fail "the package does not depend on $name: $depends"
 done
 [[ $depends != *-dev* ]] || fail "the package depends on what only building needs: $depends"
