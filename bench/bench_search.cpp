@@ -206,7 +206,8 @@ void openTheSheetForTheFirstTime(benchmark::State &state)
         sheet.reset();
         state.ResumeTiming();
     }
-    report(state, times, 30.0, 60.0);
+    state.counters["median_ms"] = medianOf(times);
+    state.counters["median_limit_ms"] = 30.0;
 }
 BENCHMARK(openTheSheetForTheFirstTime)->Unit(benchmark::kMillisecond)->Iterations(30);
 

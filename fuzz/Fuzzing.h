@@ -30,7 +30,7 @@ inline QByteArray bytes(const std::uint8_t *data, std::size_t size)
     return {reinterpret_cast<const char *>(data), static_cast<qsizetype>(size)};
 }
 
-// Where scratch files go: in memory when the system has such a folder, since a run makes thousands of them a second.
+// Where scratch files go: in memory, since a run makes thousands of them a second.
 inline QString scratch()
 {
     return QStringLiteral("/dev/shm/provender-fuzz-XXXXXX");

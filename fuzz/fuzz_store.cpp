@@ -60,7 +60,7 @@ void checkLists(const Run &run)
         Fuzzing::require(amounts.size() == size, "an amount for each food");
 }
 
-// Adds a food and edits what is there. Answers the entries and the date they were entered on.
+// Adds a food and edits what is there. Answers the entries.
 QStringList edit(Run &run, uchar choice)
 {
     auto &controller = run.controller;
@@ -83,14 +83,14 @@ QStringList edit(Run &run, uchar choice)
 
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const QByteArray platform = [] {
+    static const QByteArray programname = [] {
         qputenv("TZ", "UTC");
         qputenv("QT_QPA_PLATFORM", "offscreen");
         qputenv("TMPDIR", "/dev/shm"); // the homes, which are synced at every save
         return QByteArray("fuzz_store");
     }();
     static int argc = 1;
-    static char *argv[] = {const_cast<char *>(platform.constData()), nullptr};
+    static char *argv[] = {const_cast<char *>(programname.constData()), nullptr};
     static const QApplication application(argc, argv);
 
     if (size < 2)

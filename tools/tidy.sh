@@ -24,7 +24,7 @@ if ! generate > "$log" 2>&1; then
 fi
 
 # The files of the tree alone: what is generated lies in the build folder.
-files="^$PWD/(?!build/)"
+files="^$(python3 -c 'import os, re; print(re.escape(os.getcwd()))')/(?!build/)"
 count=$(grep '"file": ' "$build/compile_commands.json" | grep -c -v "\"$PWD/build/")
 # A warning is told by its words: version 14 of the runner fails for errors alone.
 if ! run-clang-tidy -quiet -p "$build" -j "$(nproc)" "$files" > "$log" 2>&1 || grep -q -E '(warning|error): ' "$log"; then
