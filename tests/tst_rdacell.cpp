@@ -60,7 +60,23 @@ double contrast(QRgb one, QRgb other)
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-// One row, a name and a bar, as the nutrient table has them.
+// What is painted of a widget from now on.
+class PaintedRegion final : public QObject {
+public:
+    explicit PaintedRegion(QWidget *widget) { widget->installEventFilter(this); }
+
+    QRegion region;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            region += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+};
+
+// Three rows, a name and a bar, as the nutrient table has them; the middle one has the bar.
 class BarSource final : public TableViewDataSource, public TableViewDelegate {
 public:
     float ratio = 0.0F;
@@ -275,7 +291,7 @@ private slots:
         QTest::newRow("not a number") << notanumber << 0 << red;
     }
 
-    // In both themes, and at each scale that desktops offer.
+    // In both themes.
     void theBarIsPainted()
     {
         QFETCH(float, ratio);
@@ -317,10 +333,14 @@ private slots:
         table.source.ratio = 2.5F;
         table.view.reloadData();
         QCoreApplication::processEvents();
+        const PaintedRegion painted(table.view.viewport());
+        table.source.ratio = 0.25F;
+        table.view.reloadData();
+        QCoreApplication::processEvents();
+        const QRect row(table.frame().topLeft(), QPoint(table.view.viewport()->width() - 1, table.frame().bottom()));
+        QVERIFY((QRegion(row) - painted.region).isEmpty());
         const QImage shown = table.grab(0.25F);
         QCOMPARE(lengthOf(shown, table.frame(), QColor::fromRgbF(1.0F, 0.85F, 0.85F)), 25);
-        for (int x = table.frame().left() + 25; x < shown.width(); ++x)
-            QCOMPARE(shown.pixel(x, table.frame().center().y()), QColor(Qt::white).rgb());
     }
 
     // Only a strip to the right of the last column is exposed, as when something lay over it.
@@ -441,8 +461,7 @@ private slots:
         QFETCH(QString, state);
         BarTable table(dark ? darkPalette() : lightPalette());
         table.grab(0.0F);
-        table.view.setColumnWidth(1, 1000); // a hundredth of it is still a letter
-        const QRect rectangle(0, 0, 1000, 24);
+        const QRect rectangle(0, 0, 1000, 24); // a hundredth of it is still a letter
         QStyleOptionViewItem option;
         option.initFrom(&table.view);
         option.widget = &table.view;

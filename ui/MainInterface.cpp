@@ -13,10 +13,9 @@
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 
-#include <QCloseEvent>
 #include <QCoreApplication>
+#include <QEvent>
 #include <QHeaderView>
-#include <QIcon>
 #include <QMainWindow>
 
 #include <algorithm>

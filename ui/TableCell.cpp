@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr qreal sidemargin = 6.0;
+constexpr qreal sidemargin = 6.0; // left free on either side of the text
 
 QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
 {
@@ -56,7 +56,7 @@ void TableCell::clear()
 QSizeF TableCell::cellSize(const QStyleOptionViewItem &option) const
 {
     const QFontMetricsF metrics(option.font);
-    return {metrics.horizontalAdvance(stringValue()) + 2 * margin(option), metrics.height()};
+    return {metrics.horizontalAdvance(stringValue()) + 2 * sidemargin, metrics.height()};
 }
 
 QColor TableCell::highlightColorWithFrame(const QRectF & /*frame*/, const QStyleOptionViewItem &option) const
@@ -68,11 +68,6 @@ void TableCell::drawWithFrame(QPainter &painter, const QRectF &frame, const QSty
 {
     drawPanel(painter, frame, option);
     drawInteriorWithFrame(painter, frame, option, textColor(frame, option));
-}
-
-qreal TableCell::margin(const QStyleOptionViewItem & /*option*/)
-{
-    return sidemargin;
 }
 
 QColor TableCell::textColor(const QRectF &frame, const QStyleOptionViewItem &option) const
@@ -102,8 +97,7 @@ void TableCell::drawInteriorWithFrame(
 void TableCell::drawText(
     QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option, const QColor &ink) const
 {
-    const qreal side = margin(option);
-    const QRectF room = frame.adjusted(side, 0, -side, 0);
+    const QRectF room = frame.adjusted(sidemargin, 0, -sidemargin, 0);
     // Most of the time of a paint goes into shaping text, so each is shaped once, to be measured and painted both.
     QTextLayout layout(stringValue(), option.font);
     QTextLine line = singleLine(layout);

@@ -51,8 +51,6 @@ public:
     [[nodiscard]] virtual bool paintsPastFrame() const { return false; }
 
 protected:
-    // The room left free on either side of the text.
-    [[nodiscard]] static qreal margin(const QStyleOptionViewItem &option);
     [[nodiscard]] QColor textColor(const QRectF &frame, const QStyleOptionViewItem &option) const;
     void drawPanel(QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option) const;
     // Everything in one colour, ink.
