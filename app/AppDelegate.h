@@ -52,7 +52,7 @@ public:
 
     // app/AppDelegate.cpp: start and stop
     void applicationDidFinishLaunching();
-    // Writes the RDAs, the date last shown and its log; called once, by whatever road the program ends.
+    // Writes the RDAs, the date last shown and its log: when the program ends, and when the session says that it may.
     void applicationWillTerminate();
     [[nodiscard]] bool applicationShouldTerminateAfterLastWindowClosed() const;
 

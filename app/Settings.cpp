@@ -54,8 +54,8 @@ QVariantList defaultRDAs()
 void AppDelegate::initPrefs()
 {
     prefs = &UserDefaults::standardUserDefaults();
-    // "FirstLaunch" and "ShowXNutrients" are read by nothing; they belong to the registered set all the same.
-    // "LastDate" and "RDAs" have no default on purpose: their absence is what tells a first run.
+    // The first two do nothing and are kept for whoever looks for them. No default for "LastDate" and "RDAs": a run
+    // that finds none knows that it is the first.
     prefs->registerDefaults({
         {QStringLiteral("FirstLaunch"), QStringLiteral("YES")},
         {QStringLiteral("ShowXNutrients"), 61},

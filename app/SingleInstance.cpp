@@ -68,10 +68,9 @@ Reply askToRaise(const QByteArray &name)
     } else if (!isOurUser(connection)) {
         reply = Reply::Stranger;
     } else {
-        char byte = 'r';
+        char byte = 0;
         pollfd waiting = {connection, POLLIN, 0};
-        if (::send(connection, &byte, 1, MSG_NOSIGNAL) != 1
-            || (::poll(&waiting, 1, patience) > 0 && ::read(connection, &byte, 1) != 1))
+        if (::poll(&waiting, 1, patience) > 0 && ::read(connection, &byte, 1) != 1)
             reply = Reply::Gone;
     }
     ::close(connection);

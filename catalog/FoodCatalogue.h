@@ -5,10 +5,10 @@
 
 #include <QStringList>
 
-// The fixed, ordered list of the foods that can be added to a day log. A food's name is the only identity it has, and
-// the name of its file. The names come from catalog/foods.tsv, from which a build step makes one long text: the list
-// points into it, so building it takes one allocation for all of them and some hundredths of a millisecond instead of
-// the 7,801 allocations that names of their own would take.
+// The names of the foods that a log can take. There are no numbers for foods: logs and files go by the name. The names
+// come from catalog/foods.tsv, from which a build step makes one long text: the list points into it, so building it
+// takes one allocation for all of them and some hundredths of a millisecond instead of the 7,801 allocations that names
+// of their own would take.
 namespace FoodCatalogue {
 
 constexpr int foodCount = 7801;

@@ -13,7 +13,7 @@
 // each word plays. A name begins with what the food is ("Apples") or with a shelf that it stands on ("Nuts", "Fast
 // foods"), and goes on with its kind and with how it comes, from the important to the fine print. Telling the parts
 // apart is what lets "almond" find "Nuts, almonds" before almond paste. Words are numbers into one vocabulary of some
-// 3,800, so that a query is compared with each word once and with the 75,000 places of words not at all. Taking the
+// 2,800, so that a query is compared with each word once and with the 64,000 places of words not at all. Taking the
 // names apart takes about 6 ms: it is done when the search is first needed.
 class FoodIndex {
 public:

@@ -93,11 +93,6 @@ int compare(FileName left, FileName right)
 
 } // namespace
 
-int NaturalOrder::compareFileNames(QStringView left, QStringView right)
-{
-    return compare({left, {}}, {right, {}});
-}
-
 int NaturalOrder::compareFoodNames(QStringView left, QStringView right)
 {
     return compare({left, u".xml"}, {right, u".xml"});

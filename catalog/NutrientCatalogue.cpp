@@ -14,10 +14,10 @@ struct Nutrient {
     int defaultrda;
 };
 
-// The micro sign U+00B5, not the Greek letter mu.
+// U+00B5; U+03BC looks the same.
 constexpr std::string_view microgram = "\u00b5g";
 
-// Retinol and the carotenes are kept in IU on purpose, as Vitamin A is.
+// IU for retinol and the carotenes is no slip: all of vitamin A is counted so.
 constexpr std::array<Nutrient, NutrientCatalogue::nutrientCount> nutrients = {{
     {"Energy", "kcal", 2000},
     {"Carbs", "g", 300},

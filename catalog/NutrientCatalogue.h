@@ -8,9 +8,9 @@
 #include <array>
 #include <string_view>
 
-// The fixed, ordered list of the nutrients that the program tracks. A nutrient's place in it is its nutrient index, by
-// which every per-nutrient array, table row and menu item goes; its name is at the same time the key under which a food
-// file gives its amount. One table of records holds names, units and default RDAs, so they cannot fall out of step.
+// The nutrients that the program tracks. Their order is that of every per-nutrient array, table row and menu item, and
+// a number in it is called a nutrient index. Food files give amounts under these same names. One table of records holds
+// names, units and default RDAs, so they cannot fall out of step.
 // Nothing is sorted or translated, and nothing changes while the program runs.
 namespace NutrientCatalogue {
 

@@ -25,21 +25,21 @@ class Attributes;
 // read succeeds every such question reads the file anew, without limit, so a file that turns up later is found.
 //
 // Amounts and weights are 32-bit floats, one operation at a time, and every answer is computed afresh: the day's sums
-// depend on the exact bits. Nutrients are kept as one float each by catalogue index rather than as a table of texts: a
-// day of all 7,801 foods then takes 250 bytes a food, and a file loads in little more than the XML takes to parse.
+// depend on the exact bits. Nutrients are kept as one float each by catalogue index, 244 bytes a food, rather than as a
+// table of texts: a file loads in little more than the XML takes to parse.
 class Food final {
 public:
     // 100 g of the food of that name. The name may be absent (a record may lack it); such a food has no file.
     explicit Food(std::optional<QString> name);
 
-    // The amount of a nutrient in this entry, in the nutrient's catalogue unit; 0 when the file does not list it. The
-    // name must be the catalogue's, character for character. Loads.
+    // The amount of a nutrient in this entry, in the nutrient's catalogue unit; 0 when the file does not list it. Only
+    // the catalogue's exact spelling finds one. Loads.
     [[nodiscard]] float getAmountOfNutrient(const QString &nutrient);
     // The same by nutrient index, 0 to 60.
     [[nodiscard]] float getAmountOfNutrient(int index);
 
-    // The weight of this entry in grams. An absent unit counts as grams, a title that the food does not know as 0 g of
-    // everything: the two differ on purpose. Loads.
+    // The weight of this entry in grams. Without a unit the amount is grams; with a title that is unknown the entry
+    // weighs nothing. Not a slip: do not make them one. Loads.
     [[nodiscard]] float getGrams();
 
     // "g", then the measure titles in the order of the food's file: the list that unit indexes count in. Loads.

@@ -26,9 +26,7 @@ public:
     }
     Q_DISABLE_COPY_MOVE(File)
 
-    [[nodiscard]] bool isOpen() const { return descriptor >= 0; }
-
-    // The number of bytes read, 0 at the end, negative on an error.
+    // The number of bytes read, 0 at the end, negative on an error or when it could not be opened.
     [[nodiscard]] int read(void *buffer, int size) const
     {
         ssize_t count = -1;
@@ -60,8 +58,6 @@ std::optional<std::string_view> FoodFile::Attributes::value(std::string_view nam
 bool FoodFile::parse(const QString &path, const DidStartElement &didstartelement)
 {
     const File file(path);
-    if (!file.isOpen())
-        return false;
     const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
         XML_ParserCreate(nullptr), XML_ParserFree);
     if (!parser)

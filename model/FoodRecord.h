@@ -10,7 +10,7 @@
 #include <optional>
 
 // The food record: what the store keeps of a log entry, as a keyed archive of the class "Food" with the keys "name",
-// "amount", "unit" and "unitidx". What can be read again from the food's file is not in it.
+// "amount", "unit" and "unitidx". Units and nutrients come from the food's file again.
 namespace FoodRecord {
 
 [[nodiscard]] QByteArray archivedDataWithRootObject(const Food &food);

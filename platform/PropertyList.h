@@ -27,7 +27,7 @@ enum class Kind { Unknown, Boolean, Integer, Float, Double, Date, Data, String, 
 using Reference = quint64;
 
 // What a document of the program may hold as a value: bool, qint64, float, double, QDateTime (UTC), QByteArray,
-// QString, QVariantList and QVariantMap of these. The deepest nesting that value() and write() follow:
+// QString, QVariantList and QVariantMap of these. The deepest nesting that read() and write() follow:
 constexpr int depthLimit = 8;
 
 class Document final {

@@ -3,8 +3,6 @@
 
 #include "platform/PropertyList.h"
 
-#include <QtEndian>
-
 #include <algorithm>
 #include <bit>
 

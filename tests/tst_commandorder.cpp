@@ -4,10 +4,7 @@
 #include "support/Run.h"
 
 #include "model/FoodRecord.h"
-#include "ui/AddFoodSheet.h"
-#include "ui/ArrayController.h"
 #include "ui/MenuItemUnit.h"
-#include "ui/PopUpButtonCell.h"
 
 #include <QtTest>
 

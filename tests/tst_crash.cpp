@@ -247,12 +247,11 @@ private slots:
 
     void aKillAtAnyMomentLosesNothingThatWasLeft()
     {
-        CrashPlan::Contents stored = contents();
         QElapsedTimer clock;
         clock.start();
         QVERIFY(run(2, 0, KillingVfs::When::Before, 0));
         const int length = int(clock.nsecsElapsed() / 1000);
-        stored = contents();
+        CrashPlan::Contents stored = contents();
         for (int kills = 0; kills < killsAnyTime * times;) {
             killAndLook(stored, ++lastplan, 0, KillingVfs::When::Before, 1 + random.bounded(length));
             kills += (*progress)->phase == Progress::Ended ? 0 : 1;

@@ -42,7 +42,7 @@ private slots:
         row("letters without a plain one inside", "Weißwurst Smørrebrød œuf æble \u0141osos",
             "weisswurst|smorrebrod|oeuf|aeble|losos");
         row("another script is a gap", "\u8c46\u8150 tofu", "tofu");
-        row("half of a character is a gap", "milk \xed\xa0\x80 egg", "milk|egg");
+        row("bytes that are no character are a gap", "milk \xed\xa0\x80 egg", "milk|egg");
     }
 
     void splitsIntoPlainLowerCaseWords()

@@ -79,11 +79,8 @@ private slots:
     {
         QFETCH(QString, first);
         QFETCH(QString, second);
-        const QString ending = QStringLiteral(".xml");
         QCOMPARE(sign(NaturalOrder::compareFoodNames(first, second)), -1);
         QCOMPARE(sign(NaturalOrder::compareFoodNames(second, first)), 1);
-        QCOMPARE(sign(NaturalOrder::compareFileNames(first + ending, second + ending)), -1);
-        QCOMPARE(sign(NaturalOrder::compareFileNames(second + ending, first + ending)), 1);
     }
 
     void theCharactersThatNamesMayHoldFollowTheFixedOrder()
@@ -134,8 +131,6 @@ private slots:
         QVERIFY(NaturalOrder::compareFoodNames(u"", u"") == 0);
         QVERIFY(NaturalOrder::compareFoodNames(u"", u"a") < 0);
         QVERIFY(NaturalOrder::compareFoodNames(u"", u" ") > 0);
-        QVERIFY(NaturalOrder::compareFileNames(u"", u" ") < 0);
-        QVERIFY(NaturalOrder::compareFileNames(u"a", u"a.xml") < 0);
     }
 
     void theOrderOfThreeNeverContradictsItself()

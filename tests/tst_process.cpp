@@ -326,7 +326,7 @@ private slots:
         QCOMPARE(status.st_mode & 07777, 0700U);
     }
 
-    void closingTheWindowOfTheNextStartShowsTheSameDayAgain()
+    void theNextStartShowsTheDayShownLast()
     {
         for (int start = 0; start < 2; ++start) {
             Program run(program, *home, server.get());
@@ -344,7 +344,8 @@ private slots:
             QCOMPARE(home->entries(QStringLiteral("2015_05_12")),
                 QStringList{QStringLiteral("Butter, salted 100")}); // the second start shows 13 May, which is empty
         }
-        QCOMPARE(home->entries(QStringLiteral("2015_05_13")), QStringList());
+        // Left by the second start, which so began with the 12th.
+        QVERIFY(writes().contains(QStringLiteral("2015_05_13")));
         QCOMPARE(home->entries(day).size(), 3);
     }
 

@@ -10,7 +10,6 @@
 #include <limits>
 
 using PropertyList::Document;
-using PropertyList::Kind;
 using PropertyList::Reference;
 using PropertyList::Writer;
 

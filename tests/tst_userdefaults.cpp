@@ -213,22 +213,6 @@ private slots:
         QCOMPARE(reopened.boolForKey(key), flag);
     }
 
-    void flagsAreAnsweredFromMemory()
-    {
-        const QString key = QStringLiteral("UseP");
-        UserDefaults(path).setObject(true, key);
-        UserDefaults defaults(path);
-        QVERIFY(defaults.boolForKey(key));
-        QVERIFY(defaults.objectForKey(key).isValid());
-        // Whoever asked the file would find another table now. Its bytes are changed in place, so no lock is in the
-        // way.
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QVERIFY(file.resize(0));
-        file.close();
-        QVERIFY(defaults.boolForKey(key));
-    }
-
     void aTransactionIsWrittenAtItsCommit()
     {
         UserDefaults(path).setObject(1, day);

@@ -10,7 +10,6 @@
 #include <QRandomGenerator>
 #include <QString>
 #include <QStringList>
-#include <QTimeZone>
 
 #include <vector>
 
@@ -68,8 +67,6 @@ public:
             for (int i = 0; i < done.foods.size(); ++i)
                 entries.append(done.foods[i] + u' ' + done.amounts[i]);
             contents.insert(key(step), entries);
-            if (entries.isEmpty())
-                contents.remove(key(step));
         }
         if (count == saves) {
             contents.insert(QStringLiteral("LastDate"), {instant(days - 1).toString(Qt::ISODate)});

@@ -15,16 +15,6 @@ Naive::Record recordOf(const Naive::Food &food)
     return {food.name, food.amount, food.unit, food.unitindex};
 }
 
-std::string unescaped(std::string text)
-{
-    for (const auto &[entity, character] :
-        {std::pair<std::string, std::string>{"&lt;", "<"}, {"&gt;", ">"}, {"&quot;", "\""}, {"&amp;", "&"}}) {
-        for (std::size_t at = text.find(entity); at != std::string::npos; at = text.find(entity, at + 1))
-            text.replace(at, entity.size(), character);
-    }
-    return text;
-}
-
 Naive::Text attribute(const std::string &tag, const std::string &name)
 {
     const std::string opening = " " + name + "='";
@@ -32,7 +22,7 @@ Naive::Text attribute(const std::string &tag, const std::string &name)
     if (at == std::string::npos)
         return std::nullopt;
     const std::size_t from = at + opening.size();
-    return unescaped(tag.substr(from, tag.find('\'', from) - from));
+    return tag.substr(from, tag.find('\'', from) - from);
 }
 
 // How many characters from `at` on are among these.

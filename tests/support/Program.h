@@ -137,12 +137,13 @@ public:
         process.start();
         process.waitForStarted();
     }
-    // Starts it, waits until it has that many windows and gives the keyboard to the uppermost.
+    // Starts it and waits for its window.
     bool startShown()
     {
         start();
         return hasWindows(1);
     }
+    // Waits until it has that many windows and gives the keyboard to the uppermost.
     bool hasWindows(int count)
     {
         for (int waited = 0; waited < patience; waited += 5) {
