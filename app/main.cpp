@@ -57,9 +57,9 @@ int main(int argc, char **argv)
         &application, &QCoreApplication::aboutToQuit, &controller, [&] { save(controller, interface, store); });
     // The session is about to end, but may yet be kept: save now and stay.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &controller, [&](QSessionManager &) {
-        interface.endEditing(); // GCOVR_EXCL_LINE: only a session manager asks for this
-        save(controller, interface, store); // GCOVR_EXCL_LINE: the same
-    }); // GCOVR_EXCL_LINE: the same
+        interface.endEditing();
+        save(controller, interface, store);
+    });
     const TerminationSignals signals_([] { QCoreApplication::quit(); });
 
     controller.applicationDidFinishLaunching();
