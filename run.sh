@@ -28,4 +28,5 @@ fi
 if [[ -n ${WAYLAND_DISPLAY:-}${DISPLAY:-} ]]; then
     exec build/release/bin/provender
 fi
+echo 'There is no display here.'
 exec tools/picture-of.sh build/provender.png build/release/bin/provender

@@ -2,9 +2,11 @@
 # SPDX-FileCopyrightText: 2026 Provender developers
 # SPDX-License-Identifier: MIT
 #
-# tst_accessibility.sh <test.py> <work folder> <build folder>: installs the program below the work folder and runs a test
-# of it on a display, a message bus and an accessibility bus of its own. All of them end with the test.
+# tst_accessibility.sh <test.py> <work folder> <build folder>: installs the program below the work folder and runs a
+# test of it on a display, a message bus and an accessibility bus of its own. All of them end with the test.
 set -euo pipefail
+# shellcheck source=tools/display.sh
+. "$(dirname "$0")/../tools/display.sh"
 
 test=$1
 folder=$2
@@ -31,15 +33,8 @@ end_all() {
 }
 trap end_all EXIT
 
-# A number of its own: two servers that look for a free one at the same time may find the same.
-coproc display { exec Xvfb ":$((100 + $$ % 50000))" -displayfd 1 -screen 0 1280x900x24 -nolisten tcp 2> "$folder/display.log"; }
-children+=("$!")
-if ! read -r -t 20 -u "${display[0]}" number; then
-    echo "The virtual display did not start:" >&2
-    cat "$folder/display.log" >&2
-    exit 1
-fi
-export DISPLAY=:$number
+begin_display 1280x900 "$folder/display.log"
+children+=("$server")
 
 mkfifo "$folder/address"
 dbus-daemon --session --nofork --print-address=3 3> "$folder/address" 2> "$folder/bus.log" &

@@ -6,6 +6,8 @@
 # its window is painted, saves a picture of it and ends both. Nothing of the user's is read or written: the program's
 # home is a folder beside the picture. Wants grab-screen beside the program.
 set -euo pipefail
+# shellcheck source=tools/display.sh
+. "$(dirname "$0")/display.sh"
 
 picture=$(realpath "$1")
 shift
@@ -28,15 +30,7 @@ end_both() {
 }
 trap end_both EXIT
 
-# A number of its own: two servers that look for a free one at the same time may find the same.
-coproc display { exec Xvfb ":$((100 + $$ % 50000))" -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$home/display.log"; }
-server=$!
-if ! read -r -t 20 -u "${display[0]}" number; then
-    echo "The virtual display did not start:" >&2
-    cat "$home/display.log" >&2
-    exit 1
-fi
-export DISPLAY=:$number
+begin_display 1280x800 "$home/display.log"
 
 "$@" &
 program=$!
@@ -52,5 +46,5 @@ if ((ended != 0)); then
     echo "The program ended with code $ended." >&2
     exit 1
 fi
-((status == 0)) && echo "There is no display here. A picture of the window is in $picture"
+((status == 0)) && echo "A picture of the window is in $picture"
 exit "$status"

@@ -3,10 +3,13 @@
 # SPDX-License-Identifier: MIT
 #
 # try-package.sh <package.deb>: what a person does with the package, in a bare Debian 12 root: installs it, starts the
-# program as a user, adds a food, quits, removes the package. Wants root, the network and tools/set-up.sh build try;
-# pictures and the root stay under build/try-package. The display and the keys are those of this machine.
+# program as a user, adds a food, quits, removes the package. Wants root, the network, tools/set-up.sh
+# build try and the release build; pictures and the root stay under build/try-package. The display and the keys are
+# those of this machine.
 # shellcheck disable=SC2016 # what stands in single quotes is expanded by somebody else
 set -euo pipefail
+# shellcheck source=tools/display.sh
+. "$(dirname "$0")/display.sh"
 
 package=$(realpath "$1")
 project=$(cd "$(dirname "$0")/.." && pwd)
@@ -73,13 +76,10 @@ end_all() {
     [[ -z $server ]] || kill "$server"
 }
 trap end_all EXIT
-# A number of its own: two servers that look for a free one at the same time may find the same.
-coproc display { exec Xvfb ":$((100 + $$ % 50000))" -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2> "$place/display.log"; }
-server=$!
-read -r -t 20 -u "${display[0]}" number
+begin_display 1280x800 "$place/display.log"
 mkdir -p "$place/runtime"
 chmod 0700 "$place/runtime"
-export DISPLAY=:$number QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$place/runtime
+export QT_QPA_PLATFORM=xcb XDG_RUNTIME_DIR=$place/runtime
 
 in_root setpriv --reuid=eater --regid=eater --init-groups \
     env HOME=/home/eater DISPLAY="$DISPLAY" provender > "$place/program.log" 2>&1 &
