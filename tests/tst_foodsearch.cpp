@@ -311,8 +311,15 @@ private slots:
     {
         QFETCH(QString, query);
         const std::vector<int> hits = search.search(query);
-        for (const int name : hits)
-            (void)search.matchedLetters(name);
+        for (const int name : hits) {
+            QVERIFY(name >= 0 && name < names.size());
+            int free = 0; // the first letter that no range before has taken
+            for (const FoodSearch::Letters &letters : search.matchedLetters(name)) {
+                QVERIFY(letters.start >= free && letters.count > 0);
+                free = letters.start + letters.count;
+            }
+            QVERIFY(free <= names.at(name).size());
+        }
     }
 
     void onlyTheFirst512CharactersAnd24WordsCount()

@@ -379,9 +379,13 @@ private slots:
     {
         makeCurrent(1, name);
         type("12");
+        const QPointer<QWidget> open = editor();
+        QVERIFY(open);
         tester.reset();
         window.reset();
         QCoreApplication::processEvents();
+        QVERIFY(!open);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")}); // its window was hidden first
     }
 };
 
