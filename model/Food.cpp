@@ -8,7 +8,11 @@
 #include "platform/NumberText.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <utility>
+
+// The sums are exact to the bit only where a float is never kept in more than 32 bits.
+static_assert(FLT_EVAL_METHOD == 0);
 
 namespace {
 
