@@ -31,10 +31,7 @@ inline QByteArray bytes(const std::uint8_t *data, std::size_t size)
 }
 
 // Where scratch files go: in memory, since a run makes thousands of them a second.
-inline QString scratch()
-{
-    return QStringLiteral("/dev/shm/provender-fuzz-XXXXXX");
-}
+constexpr const char *scratchFolder = "/dev/shm";
 
 // The same float; every NaN counts as the same.
 inline bool same(float left, float right)

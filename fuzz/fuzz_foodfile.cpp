@@ -12,7 +12,8 @@
 // The input is a food's file; the food is asked what the window asks.
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const QTemporaryDir folder(Fuzzing::scratch());
+    static const QTemporaryDir folder(
+        QString::fromLatin1(Fuzzing::scratchFolder) + QStringLiteral("/provender-fuzz-XXXXXX"));
     static QFile file(folder.filePath(QStringLiteral("Database.xml/Input.xml")));
     if (!file.isOpen()) {
         QDir(folder.path()).mkpath(QStringLiteral("Database.xml"));

@@ -79,20 +79,23 @@ QStringList edit(Run &run, uchar choice)
     return run.entries();
 }
 
+bool prepare()
+{
+    qputenv("TZ", "UTC");
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("TMPDIR", Fuzzing::scratchFolder); // the homes, which are synced at every save
+    static int argc = 1;
+    static char name[] = "fuzz_store";
+    static char *argv[] = {name, nullptr};
+    static const QApplication application(argc, argv);
+    return true;
+}
+
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    static const QByteArray programname = [] {
-        qputenv("TZ", "UTC");
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-        qputenv("TMPDIR", "/dev/shm"); // the homes, which are synced at every save
-        return QByteArray("fuzz_store");
-    }();
-    static int argc = 1;
-    static char *argv[] = {const_cast<char *>(programname.constData()), nullptr};
-    static const QApplication application(argc, argv);
-
+    [[maybe_unused]] static const bool isprepared = prepare();
     if (size < 2)
         return 0;
     Home home;
