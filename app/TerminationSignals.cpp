@@ -57,7 +57,7 @@ TerminationSignals::TerminationSignals(std::function<void()> terminate)
 TerminationSignals::~TerminationSignals()
 {
     if (receiver < 0)
-        return; // GCOVR_EXCL_LINE: only after that
+        return; // GCOVR_EXCL_LINE: only without free descriptors
     setHandler(SIG_IGN); // the program is ending: a request that comes late must not make a failure of it
     ::close(signalsender);
     ::close(receiver);

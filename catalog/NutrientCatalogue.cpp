@@ -83,8 +83,7 @@ constexpr std::array<Nutrient, NutrientCatalogue::nutrientCount> nutrients = {{
 }};
 
 // A perfect hash over the names: the compiler looks for the multiplier that gives each name a slot of its own, so a
-// look-up is one multiplication and one comparison. A binary search
-// would take six comparisons.
+// look-up is one multiplication and one comparison. A binary search would take six comparisons.
 constexpr int slotBits = 9;
 constexpr std::size_t shortestName = 3;
 

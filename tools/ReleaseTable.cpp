@@ -30,8 +30,8 @@ std::string readFile(const std::string &path)
     if (!file.open(QIODevice::ReadOnly))
         throw Refusal(path, "cannot be read: " + file.errorString().toStdString());
     std::string content = file.readAll().toStdString();
-    if (file.error() != QFile::NoError) // a failing disk
-        throw Refusal(path, "cannot be read: " + file.errorString().toStdString()); // GCOVR_EXCL_LINE: the same
+    if (file.error() != QFile::NoError)
+        throw Refusal(path, "cannot be read: " + file.errorString().toStdString()); // GCOVR_EXCL_LINE: a failing disk
     if (content.empty())
         throw Refusal(path, "is empty");
     return content;
