@@ -22,6 +22,19 @@ QStringList none()
 class TableViewTest final : public LogTableTest {
     Q_OBJECT
 
+    // Whether anything is painted in a part of a cell, from so many pixels on.
+    bool hasInk(int column, int from, int width)
+    {
+        const QRect cell = table->visualRect(cellAt(*table, 0, column));
+        const QImage part
+            = table->viewport()->grab({cell.left() + from, cell.top() + 2, width, cell.height() - 4}).toImage();
+        for (int y = 0; y < part.height(); ++y)
+            for (int x = 0; x < part.width(); ++x)
+                if (part.pixel(x, y) != part.pixel(0, 0))
+                    return true;
+        return false;
+    }
+
 private slots:
     void init() { makeTable(); }
     void cleanup() { dropTable(); }
@@ -291,6 +304,34 @@ private slots:
         QCOMPARE(table->viewport()->grab(table->visualRect(cellAt(*table, 0, 1))).toImage(), cut);
         QVERIFY(table->itemDelegate()->sizeHint(QStyleOptionViewItem(), cellAt(*table, 0, 0)).width()
             < table->columnWidth(0));
+    }
+
+    void textBeginsOrEndsAtTheSideOfItsColumn()
+    {
+        load(1);
+        source.entries[0].name = QStringLiteral("Milk");
+        table->reloadData();
+        const int width = 200;
+        table->setColumnWidth(0, width);
+        table->setColumnWidth(1, width);
+        const int length = table->fontMetrics().horizontalAdvance(shown(0, 1));
+        QVERIFY(hasInk(0, 3, 20) && !hasInk(0, width / 2, width / 2 - 3)); // within the current cell's frame
+        QVERIFY(hasInk(1, width - 20, 17) && !hasInk(1, 3, width - length - 15));
+        source.entries[0].name = QStringLiteral("A very long name, ").repeated(20);
+        table->reloadData();
+        QVERIFY(hasInk(0, width - 25, 22)); // it is cut off at the end
+    }
+
+    void aTextOfSeveralLinesIsShownOnOne()
+    {
+        load(1);
+        QList<QImage> pictures;
+        for (const char16_t between : {u' ', u'\n', u'\r', u'\t', u'\v', u'\f', u'\x85', u'\u2028', u'\u2029'}) {
+            source.entries[0].name = QStringLiteral("Milk") + QChar(between) + QStringLiteral("whole");
+            table->reloadData();
+            pictures << table->viewport()->grab().toImage();
+            QCOMPARE(pictures.last(), pictures.first());
+        }
     }
 
     void aRuleIsDrawnAboveEveryBlock()

@@ -9,6 +9,7 @@
 #include <QTextLayout>
 #include <QWidget>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -20,6 +21,16 @@ QPalette::ColorGroup colorGroup(const QStyleOptionViewItem &option)
     if (!option.state.testFlag(QStyle::State_Enabled))
         return QPalette::Disabled;
     return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+}
+
+// Of all characters those that would begin a new line, or leap to a tab stop, are blanks: a cell is one line.
+QString onOneLine(QString text)
+{
+    const auto breaks
+        = [](QChar c) { return (c >= u'\t' && c <= u'\r') || c == u'\x85' || c == u'\u2028' || c == u'\u2029'; };
+    if (std::any_of(text.cbegin(), text.cend(), breaks))
+        std::replace_if(text.begin(), text.end(), breaks, QChar(u' '));
+    return text;
 }
 
 QTextLine singleLine(QTextLayout &layout)
@@ -56,7 +67,7 @@ void TableCell::clear()
 QSizeF TableCell::cellSize(const QStyleOptionViewItem &option) const
 {
     const QFontMetricsF metrics(option.font);
-    return {metrics.horizontalAdvance(stringValue()) + 2 * sidemargin, metrics.height()};
+    return {metrics.horizontalAdvance(onOneLine(stringValue())) + 2 * sidemargin, metrics.height()};
 }
 
 QColor TableCell::highlightColorWithFrame(const QRectF & /*frame*/, const QStyleOptionViewItem &option) const
@@ -98,8 +109,8 @@ void TableCell::drawText(
     QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option, const QColor &ink) const
 {
     const QRectF room = frame.adjusted(sidemargin, 0, -sidemargin, 0);
-    // Most of the time of a paint goes into shaping text, so each is shaped once, to be measured and painted both.
-    QTextLayout layout(stringValue(), option.font);
+    // Most of the time of a paint goes into shaping text: what is shaped to be measured is painted as it is.
+    QTextLayout layout(onOneLine(stringValue()), option.font);
     QTextLine line = singleLine(layout);
     if (line.naturalTextWidth() > room.width()) {
         layout.setText(QFontMetricsF(option.font).elidedText(layout.text(), Qt::ElideRight, room.width()));

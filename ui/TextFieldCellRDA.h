@@ -29,8 +29,7 @@ public:
     void clear() override;
     [[nodiscard]] bool paintsPastFrame() const override { return true; }
 
-    // What a ratio looks like: red 1, green and blue 1 - 0.6 p, pinned to
-    // what a screen has. The ratio is above 0.
+    // What a ratio looks like: red 1, green and blue 1 - 0.6 p, pinned to what a screen has. The ratio is above 0.
     [[nodiscard]] static QColor barColor(float percent);
     // The part of the bar inside the bounds, worked out in double, however long the bar is; empty for a ratio that is
     // not above 0.
