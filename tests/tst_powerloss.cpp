@@ -271,14 +271,29 @@ private slots:
         QVERIFY2(hits > 10, "too few operations failed");
     }
 
+    void aFaultDuringTheFirstSaveOnlyDelaysIt_data()
+    {
+        QTest::addColumn<bool>("isthere");
+        QTest::newRow("without a file") << false;
+        QTest::newRow("into a database without the table") << true;
+    }
+
     void aFaultDuringTheFirstSaveOnlyDelaysIt()
     {
+        QFETCH(bool, isthere);
         bool isfinished = false;
         int hits = 0;
         for (int operation = 1; !isfinished; ++operation) {
             home = std::make_unique<QTemporaryDir>();
             folder = home->filePath(QStringLiteral("provender"));
             path = folder + QStringLiteral("/preferences.sqlite");
+            if (isthere) {
+                QVERIFY(QDir().mkpath(folder));
+                sqlite3 *database = nullptr;
+                sqlite3_open(path.toUtf8().constData(), &database);
+                QCOMPARE(sqlite3_exec(database, "CREATE TABLE other(x)", nullptr, nullptr, nullptr), SQLITE_OK);
+                sqlite3_close(database);
+            }
             FaultyVfs disk;
             const Contents contents = Contents::numbered(1);
             {
@@ -296,12 +311,24 @@ private slots:
         QVERIFY2(hits > 10, "too few operations failed");
     }
 
+    void aFaultWhileAFormerValueIsKeptLosesNeitherValue_data()
+    {
+        QTest::addColumn<bool>("istaken");
+        QTest::newRow("under its first name") << false;
+        QTest::newRow("under its second name")
+            << true; // the first one's value, which is read first, has pages of its own
+    }
+
     void aFaultWhileAFormerValueIsKeptLosesNeitherValue()
     {
+        QFETCH(bool, istaken);
+        const QByteArray earlier(9000, 'e');
         bool isfinished = false;
         int hits = 0;
         for (int operation = 1; !isfinished; ++operation) {
             layOut();
+            if (istaken)
+                UserDefaults(path).setObject(earlier, today + QStringLiteral(".unread"));
             FaultyVfs disk;
             {
                 UserDefaults defaults(path);
@@ -314,7 +341,12 @@ private slots:
             }
             const UserDefaults defaults(path);
             QCOMPARE(defaults.objectForKey(today), Contents::numbered(2).todaylog);
-            QCOMPARE(defaults.objectForKey(today + QStringLiteral(".unread")), Contents::numbered(1).todaylog);
+            QString kept = today + QStringLiteral(".unread");
+            if (istaken) {
+                QCOMPARE(defaults.objectForKey(kept), QVariant(earlier));
+                kept += QStringLiteral(".2");
+            }
+            QCOMPARE(defaults.objectForKey(kept), Contents::numbered(1).todaylog);
         }
         QVERIFY2(hits > 10, "too few operations failed");
     }

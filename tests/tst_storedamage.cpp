@@ -246,6 +246,42 @@ private slots:
         }
     }
 
+    void aStoreThatIsWrittenOverWhileItIsOpenIsNoDamagedOne_data()
+    {
+        QTest::addColumn<bool>("isread");
+        QTest::newRow("by a write") << false;
+        QTest::newRow("by a read") << true;
+    }
+
+    void aStoreThatIsWrittenOverWhileItIsOpenIsNoDamagedOne()
+    {
+        // A copy is put back over the file itself, so that pages of the former contents are still in memory.
+        QFETCH(bool, isread);
+        QVERIFY(!yearOfDays().isEmpty());
+        {
+            UserDefaults defaults(path);
+            QVERIFY(defaults.objectForKey(QStringLiteral("day 0")).isValid());
+            QByteArray copy;
+            {
+                const QString other = folder + QStringLiteral("/copy");
+                UserDefaults(other).setObject(7, day);
+                copy = contentOf(other);
+                QVERIFY(QFile::remove(other));
+            }
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadWrite) && file.resize(0) && file.write(copy) == copy.size());
+            file.close();
+            if (isread)
+                QVERIFY(!defaults.objectForKey(QStringLiteral("day 200")).isValid());
+            else
+                defaults.setObject(2, QStringLiteral("day 200"));
+            QCOMPARE(defaults.objectForKey(day), number(7));
+        }
+        QCOMPARE(files(), QStringList{QStringLiteral("preferences.sqlite")});
+        QCOMPARE(stored(day), number(7));
+        QCOMPARE(stored(QStringLiteral("day 200")), isread ? QVariant() : number(2));
+    }
+
     void aValueThatIsNoPropertyListIsKeptOnce()
     {
         UserDefaults(path).setObject(1, day);
