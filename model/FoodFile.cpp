@@ -9,24 +9,30 @@
 #include <expat.h>
 #include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-// An open file, closed when it goes out of scope. A folder cannot be read, and a pipe does not block.
-class File {
+// An open regular file, closed when it goes out of scope.
+class RegularFile {
 public:
-    explicit File(const QString &path)
+    explicit RegularFile(const QString &path)
         : descriptor(::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC))
-    { }
-    ~File()
+    {
+        struct stat status = {};
+        regular = descriptor >= 0 && ::fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode);
+    }
+    ~RegularFile()
     {
         if (descriptor >= 0)
             ::close(descriptor);
     }
-    Q_DISABLE_COPY_MOVE(File)
+    Q_DISABLE_COPY_MOVE(RegularFile)
 
-    // The number of bytes read, 0 at the end, negative on an error or when it could not be opened.
+    [[nodiscard]] bool isOpen() const { return regular; }
+
+    // The number of bytes read, 0 at the end, negative on an error.
     [[nodiscard]] int read(void *buffer, int size) const
     {
         ssize_t count = -1;
@@ -38,6 +44,7 @@ public:
 
 private:
     int descriptor;
+    bool regular = false;
 };
 
 void startElement(void *user, const XML_Char *element, const XML_Char **attributes)
@@ -57,7 +64,9 @@ std::optional<std::string_view> FoodFile::Attributes::value(std::string_view nam
 
 bool FoodFile::parse(const QString &path, const DidStartElement &didstartelement)
 {
-    const File file(path);
+    const RegularFile file(path);
+    if (!file.isOpen())
+        return false;
     const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(
         XML_ParserCreate(nullptr), XML_ParserFree);
     if (!parser)

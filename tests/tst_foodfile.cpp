@@ -9,6 +9,7 @@
 #include <bit>
 #include <clocale>
 #include <limits>
+#include <fcntl.h>
 #include <sys/stat.h>
 
 namespace {
@@ -257,6 +258,11 @@ private slots:
         QCOMPARE(unitsOf(QStringLiteral("Folder")), QStringLiteral("g=1"));
         const QByteArray pipe = QFile::encodeName(files->pathOf(QStringLiteral("Pipe")));
         QCOMPARE(::mkfifo(pipe.constData(), 0600), 0);
+        QCOMPARE(unitsOf(QStringLiteral("Pipe")), QStringLiteral("g=1"));
+        QFile filled;
+        QVERIFY(filled.open(::open(pipe.constData(), O_RDWR | O_NONBLOCK), QIODevice::ReadWrite | QIODevice::Unbuffered,
+            QFileDevice::AutoCloseHandle));
+        QVERIFY(filled.write("<food><measure name='cup' amount='1' grams='240'/></food>") > 0);
         QCOMPARE(unitsOf(QStringLiteral("Pipe")), QStringLiteral("g=1"));
         const QString link = files->pathOf(QStringLiteral("Link"));
         QVERIFY(QFile::link(QStringLiteral("/dev/zero"), link));
