@@ -90,6 +90,7 @@ void sendKeys(const QByteArray &displayname, const QStringList &arguments)
 XServer::XServer()
 {
     // Without -noreset the server starts anew, and drops who has just come, whenever its last client goes.
+    // Without -dumbSched its timer now and then goes on for ever, and it never seems to have come to rest.
     // The number is asked for because a server that picks one itself keeps no lock, and may lose it to another.
     static int servers = 0;
     const QString asked
@@ -97,7 +98,7 @@ XServer::XServer()
     server.start(QStringLiteral("Xvfb"),
         {asked, QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"), QStringLiteral("0"),
             QStringLiteral("1280x800x24"), QStringLiteral("-nolisten"), QStringLiteral("tcp"),
-            QStringLiteral("-noreset")});
+            QStringLiteral("-noreset"), QStringLiteral("-dumbSched")});
     // It tells its number once it listens.
     while (!server.canReadLine() && server.waitForReadyRead(20000)) { }
     const QByteArray number = server.readLine().trimmed();
