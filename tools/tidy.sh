@@ -25,11 +25,16 @@ fi
 
 # The files of the tree alone: what is generated lies in the build folder.
 files="^$(python3 -c 'import os, re; print(re.escape(os.getcwd()))')/(?!build/)"
-count=$(grep '"file": ' "$build/compile_commands.json" | grep -c -v "\"$PWD/build/")
+count=$(grep '"file": ' "$build/compile_commands.json" | grep -v "\"$PWD/build/" | sort -u | wc -l)
 # A warning is told by its words: version 14 of the runner fails for errors alone.
 if ! run-clang-tidy -quiet -p "$build" -j "$(nproc)" "$files" > "$log" 2>&1 || grep -q -E '(warning|error): ' "$log"; then
     grep -E -A 4 '(warning|error): ' "$log" >&2
     echo "clang-tidy found something; all of it is in $log" >&2
+    exit 1
+fi
+read=$(grep -c '^clang-tidy.* -quiet /' "$log" || true)
+if ((read != count)); then
+    echo "clang-tidy read $read of $count files; see $log" >&2
     exit 1
 fi
 echo "clang-tidy: $count files, nothing found"
