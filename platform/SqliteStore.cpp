@@ -160,12 +160,10 @@ bool SqliteStore::isUnusable(int result)
     if (result != SQLITE_CORRUPT)
         return false;
     // Judged on a new connection: what this one has in memory may be of a save that broke off, or of what the file held
-    // before something else was written over it.
+    // before something else was written over it. One that cannot be opened tells nothing.
     close();
-    if (sqlite3_open_v2(
-            QFile::encodeName(path).constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr)
-        != SQLITE_OK)
-        return false;
+    sqlite3_open_v2(
+        QFile::encodeName(path).constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     SqliteStatement check(database, "PRAGMA integrity_check(1)");
     const int verdict = check.step();
     if (verdict == SQLITE_ROW)

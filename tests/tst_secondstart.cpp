@@ -197,6 +197,21 @@ private slots:
         QVERIFY(home->storeBytes().isEmpty());
         ::close(listener);
     }
+
+    void oneThatEndsInsteadOfAnsweringIsSucceeded()
+    {
+        const int listener = takeName(::getuid());
+        Program next(program, *home);
+        next.start();
+        const int connection = ::accept(listener, nullptr, nullptr);
+        QVERIFY(connection >= 0);
+        ::close(listener);
+        ::close(connection);
+        QTRY_VERIFY(next.hearsSignals());
+        next.signal(SIGTERM);
+        QCOMPARE(next.waitForEnd(), 0);
+        QVERIFY(!home->storeBytes().isEmpty());
+    }
 };
 
 QTEST_GUILESS_MAIN(SecondStartTest)
