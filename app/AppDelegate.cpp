@@ -4,6 +4,7 @@
 #include "app/AppDelegate.h"
 
 #include "catalog/FoodCatalogue.h"
+#include "model/StoredValues.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/ArrayController.h"
@@ -40,10 +41,12 @@ void AppDelegate::applicationDidFinishLaunching()
 void AppDelegate::applicationWillTerminate()
 {
     QVariantList values;
-    values.reserve(NutrientCatalogue::nutrientCount);
-    for (const float rda : rdas)
-        values.append(rda);
-    prefs->setObject(values, QStringLiteral("RDAs"));
+    QVariantList changed;
+    for (std::size_t i = 0; i < rdas.size(); ++i) {
+        values.append(rdas[i]);
+        changed.append(rdaschanged.test(i));
+    }
+    prefs->setObject(values, StoredValues::rdaskey, changed);
     if (!curdate.isValid())
         return;
     prefs->setObject(curdate, QStringLiteral("LastDate"));

@@ -16,6 +16,7 @@
 #include <QVariant>
 
 #include <array>
+#include <bitset>
 #include <functional>
 #include <memory>
 #include <vector>
@@ -63,6 +64,11 @@ public:
     void today();
     void previousDay();
     void nextDay();
+    // Those of the copies kept of the shown day's former values: entries whose names the day has not, each once, not
+    // loaded yet.
+    [[nodiscard]] std::vector<std::shared_ptr<Food>> keptFoods() const;
+    // Adds them as if by hand. The copies stay.
+    void addKeptFoods();
     // The store's key of an instant's day in the time zone in force now: "2015_05_11".
     [[nodiscard]] static QString dayKey(const QDateTime &date);
 
@@ -113,6 +119,8 @@ protected:
 
     // daylog/LogEditing.cpp
     void addFoodPriv(const FoodPointer &food);
+    // An absent name equals no name.
+    [[nodiscard]] static bool holdsName(const std::vector<FoodPointer> &list, const std::optional<QString> &name);
     void sweepRemoved();
     void showCount(); // of the selection, or of the entries when none is selected
     void showEntryCount();
@@ -155,6 +163,7 @@ protected:
     NutrientSums nutrientstotal{}; // over all entries; moved by every change, never summed anew while a day is shown
     NutrientSums nutrientsselected{}; // over the selected rows; means something only while some are
     NutrientSums rdas{};
+    std::bitset<NutrientCatalogue::nutrientCount> rdaschanged; // those that the person set or reset in this run
 
     QComboBox *rdamenu = nullptr;
     QLabel *rdalabel = nullptr;

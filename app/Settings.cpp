@@ -3,33 +3,13 @@
 
 #include "app/AppDelegate.h"
 
-#include "platform/NumberText.h"
+#include "model/StoredValues.h"
 #include "platform/UserDefaults.h"
 #include "ui/DatePicker.h"
 
 #include <algorithm>
 
 namespace {
-
-// The RDA that a stored element stands for: a number is itself, a text its leading number, anything else 0.
-float rdaFromStored(const QVariant &element)
-{
-    switch (element.typeId()) {
-    case QMetaType::QString:
-        return NumberText::floatValue(element.toString());
-    case QMetaType::Bool:
-        return element.toBool() ? 1.0F : 0.0F;
-    case QMetaType::Float:
-        return element.value<float>();
-    case QMetaType::Double:
-        return static_cast<float>(element.value<double>());
-    case QMetaType::Int:
-    case QMetaType::LongLong:
-        return static_cast<float>(element.toLongLong());
-    default:
-        return 0.0F;
-    }
-}
 
 // A date that the picker can show. Anything else stored as the last date counts as no date at all.
 bool isShowable(const QVariant &date)
@@ -54,6 +34,8 @@ QVariantList defaultRDAs()
 void AppDelegate::initPrefs()
 {
     prefs = &UserDefaults::standardUserDefaults();
+    prefs->setJoin(StoredValues::join);
+    prefs->takeInPending();
     // The first two do nothing and are kept for whoever looks for them. No default for "LastDate" and "RDAs": a run
     // that finds none knows that it is the first.
     prefs->registerDefaults({
@@ -64,16 +46,15 @@ void AppDelegate::initPrefs()
         {QStringLiteral("RecalculateAmount"), QStringLiteral("NO")},
     });
 
-    const QString rdaskey = QStringLiteral("RDAs");
-    const QVariant stored = prefs->objectForKey(rdaskey);
+    const QVariant stored = prefs->objectForKey(StoredValues::rdaskey);
     const bool list = stored.typeId() == QMetaType::QVariantList;
     if (stored.isValid() && !list)
-        prefs->keepUnread(rdaskey);
+        prefs->keepUnread(StoredValues::rdaskey);
     const QVariantList values = list ? stored.toList() : defaultRDAs();
     // A shorter list leaves the rest at 0.
     const auto length = std::min(static_cast<std::size_t>(values.size()), rdas.size());
     for (std::size_t i = 0; i < length; ++i)
-        rdas[i] = rdaFromStored(values[static_cast<qsizetype>(i)]);
+        rdas[i] = StoredValues::rda(values[static_cast<qsizetype>(i)]);
 
     const QVariant lastdate = prefs->objectForKey(QStringLiteral("LastDate"));
     if (prefs->boolForKey(QStringLiteral("RememberDate")) && isShowable(lastdate))

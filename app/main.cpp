@@ -14,12 +14,13 @@
 namespace {
 
 // Saves what the program ends with and where its window stood. One transaction, so that no part of it stands alone.
-void save(AppDelegate &controller, const MainInterface &interface, UserDefaults &store)
+// False when it is neither in the store nor beside it.
+bool save(AppDelegate &controller, const MainInterface &interface, UserDefaults &store)
 {
     UserDefaults::Transaction transaction(store);
     controller.applicationWillTerminate();
     interface.saveWindowState(store);
-    transaction.commit();
+    return transaction.commit() || store.leavePending();
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 
 #include "app/AppDelegate.h"
 
-#include "model/FoodRecord.h"
+#include "model/StoredValues.h"
 #include "platform/UserDefaults.h"
 #include "ui/DatePicker.h"
 #include "ui/TableView.h"
@@ -54,16 +54,32 @@ void AppDelegate::loadDay(const QString &key)
     const QVariant stored = prefs->objectForKey(key);
     if (stored.isValid() && stored.typeId() != QMetaType::QVariantList)
         prefs->keepUnread(key);
-    const QVariantList items = stored.typeId() == QMetaType::QVariantList ? stored.toList() : QVariantList();
-    for (const QVariant &item : items) {
-        const auto food = item.typeId() == QMetaType::QByteArray
-            ? FoodRecord::unarchiveObjectWithData(item.toByteArray())
-            : std::nullopt;
-        if (food)
-            addFoodPriv(std::make_shared<Food>(*food));
-        else
-            unreadfoods.append(item);
+    StoredValues::Day day = StoredValues::day(stored);
+    for (Food &food : day.foods)
+        addFoodPriv(std::make_shared<Food>(std::move(food)));
+    unreadfoods = day.unread;
+}
+
+std::vector<AppDelegate::FoodPointer> AppDelegate::keptFoods() const
+{
+    std::vector<FoodPointer> kept;
+    const QVariantList copies = prefs->unreadObjectsForKey(dayKey(curdate));
+    for (const QVariant &copy : copies) {
+        StoredValues::Day day = StoredValues::day(copy);
+        for (Food &food : day.foods) {
+            if (!holdsName(foods, food.name()) && !holdsName(kept, food.name()))
+                kept.push_back(std::make_shared<Food>(std::move(food)));
+        }
     }
+    return kept;
+}
+
+void AppDelegate::addKeptFoods()
+{
+    for (const FoodPointer &food : keptFoods())
+        addFoodPriv(food);
+    logtable->reloadData();
+    nutrienttable->reloadData();
 }
 
 void AppDelegate::updateDate()

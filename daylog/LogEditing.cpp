@@ -60,17 +60,21 @@ void AppDelegate::addSelectedFoods()
     nutrienttable->reloadData();
 }
 
-// Appends the very object it is given; a food whose name is in the log already is dropped without a word. An absent
-// name equals no name. No table is reloaded: every caller does so after its loop.
+// Appends the very object it is given; a food whose name is in the log already is dropped without a word. No
+// table is reloaded: every caller does so after its loop.
 void AppDelegate::addFoodPriv(const FoodPointer &food)
 {
-    const std::optional<QString> &name = food->name();
-    if (name && std::any_of(foods.begin(), foods.end(), [&](const FoodPointer &each) { return each->name() == name; }))
+    if (holdsName(foods, food->name()))
         return;
     foods.push_back(food);
     curdatefoods.append(FoodRecord::archivedDataWithRootObject(*food));
     addEntry(*food);
     showCount();
+}
+
+bool AppDelegate::holdsName(const std::vector<FoodPointer> &list, const std::optional<QString> &name)
+{
+    return name && std::any_of(list.begin(), list.end(), [&](const FoodPointer &each) { return each->name() == name; });
 }
 
 void AppDelegate::removeSelected()

@@ -192,33 +192,52 @@ bool SqliteStore::setAside()
     return true;
 }
 
-SqliteStore::Value SqliteStore::read(const QString &key)
+SqliteStore::Answer SqliteStore::ask(const std::function<int()> &question)
 {
     // What fails on a connection that has been open for long is tried once more on a new one.
     for (bool again = database != nullptr;; again = false) {
         const State state = open();
         if (state == State::Unavailable)
-            return {Answer::Unavailable, {}};
+            return Answer::Unavailable;
         if (state == State::Missing || !hastable)
-            return {Answer::Absent, {}};
-        int result = SQLITE_OK;
-        {
-            SqliteStatement query(database, valueQuery);
-            result = query.bind(1, key).step();
-            if (result == SQLITE_ROW)
-                return {Answer::Found, query.blob(0)};
-        }
-        if (result == SQLITE_DONE)
-            return {Answer::Absent, {}};
+            return Answer::Absent;
+        const int result = question();
+        if (result == SQLITE_OK)
+            return Answer::Found;
         if (isUnusable(result) && setAside())
-            return {Answer::Absent, {}};
+            return Answer::Absent;
         close();
         if (!again)
-            return {Answer::Unavailable, {}};
+            return Answer::Unavailable;
     }
 }
 
-bool SqliteStore::write(const QList<Change> &changes)
+SqliteStore::Value SqliteStore::read(const QString &key)
+{
+    std::optional<QByteArray> value;
+    const Answer answer = ask([&] { return get(key, value); });
+    if (answer == Answer::Found && !value)
+        return {Answer::Absent, {}};
+    return {answer, value.value_or(QByteArray())};
+}
+
+std::optional<QStringList> SqliteStore::keys()
+{
+    QStringList keys;
+    const Answer answer = ask([&] {
+        keys.clear();
+        SqliteStatement query(database, "SELECT key FROM defaults ORDER BY key");
+        int result = query.step();
+        for (; result == SQLITE_ROW; result = query.step())
+            keys.append(query.text(0));
+        return result == SQLITE_DONE ? SQLITE_OK : result;
+    });
+    if (answer == Answer::Unavailable)
+        return std::nullopt;
+    return keys;
+}
+
+bool SqliteStore::write(const QStringList &keys, const Decision &decide)
 {
     haswaited = false;
     if (database != nullptr && isReplaced())
@@ -232,7 +251,7 @@ bool SqliteStore::write(const QList<Change> &changes)
             state = open();
         if (state != State::Ready)
             return false;
-        const int result = commit(changes);
+        const int result = commit(keys, decide);
         if (result == SQLITE_OK)
             return true;
         const bool isaside = isUnusable(result) && setAside();
@@ -244,11 +263,11 @@ bool SqliteStore::write(const QList<Change> &changes)
     return false;
 }
 
-int SqliteStore::commit(const QList<Change> &changes)
+int SqliteStore::commit(const QStringList &keys, const Decision &decide)
 {
     int result = execute("BEGIN IMMEDIATE");
     if (result == SQLITE_OK)
-        result = apply(changes);
+        result = apply(keys, decide);
     if (result == SQLITE_OK)
         result = execute("COMMIT");
     if (result == SQLITE_OK)
@@ -256,7 +275,7 @@ int SqliteStore::commit(const QList<Change> &changes)
     return result; // a failed one is rolled back when its connection is closed, and it always is
 }
 
-int SqliteStore::apply(const QList<Change> &changes)
+int SqliteStore::apply(const QStringList &keys, const Decision &decide)
 {
     if (!hastable) {
         const int result
@@ -264,35 +283,48 @@ int SqliteStore::apply(const QList<Change> &changes)
         if (result != SQLITE_OK)
             return result;
     }
-    for (const Change &change : changes) {
-        int result = change.keepformer ? keepFormer(change.key) : SQLITE_OK;
-        if (result == SQLITE_OK)
-            result = put(change.key, change.value);
-        if (result != SQLITE_OK)
+    for (const QString &key : keys) {
+        std::optional<QByteArray> stored;
+        if (const int result = get(key, stored); result != SQLITE_OK)
+            return result;
+        const Change change = decide(key, stored);
+        for (const QByteArray &copy : change.copies) {
+            if (const int result = keepCopy(key, copy); result != SQLITE_OK)
+                return result;
+        }
+        if (const int result = put(key, change.value); result != SQLITE_OK)
             return result;
     }
     return SQLITE_OK;
 }
 
-int SqliteStore::keepFormer(const QString &key)
+QString SqliteStore::copyName(const QString &key, int number)
 {
-    SqliteStatement former(database, valueQuery);
-    int result = former.bind(1, key).step();
-    if (result != SQLITE_ROW)
-        return result == SQLITE_DONE ? SQLITE_OK : result;
-    const QByteArray value = former.blob(0);
-    QString name = key + QStringLiteral(".unread");
-    for (int number = 2;; ++number) {
-        SqliteStatement taken(database, valueQuery);
-        result = taken.bind(1, name).step();
-        if (result == SQLITE_DONE)
-            return put(name, value);
-        if (result != SQLITE_ROW)
+    const QString name = key + QStringLiteral(".unread");
+    return number == 1 ? name : name + u'.' + QString::number(number);
+}
+
+int SqliteStore::keepCopy(const QString &key, const QByteArray &value)
+{
+    for (int number = 1;; ++number) {
+        const QString name = copyName(key, number);
+        std::optional<QByteArray> taken;
+        if (const int result = get(name, taken); result != SQLITE_OK)
             return result;
-        if (taken.blob(0) == value)
+        if (!taken)
+            return put(name, value);
+        if (*taken == value)
             return SQLITE_OK;
-        name = key + QStringLiteral(".unread.%1").arg(number);
     }
+}
+
+int SqliteStore::get(const QString &key, std::optional<QByteArray> &value)
+{
+    SqliteStatement query(database, valueQuery);
+    const int result = query.bind(1, key).step();
+    if (result == SQLITE_ROW)
+        value = query.blob(0);
+    return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
 int SqliteStore::put(const QString &key, const QByteArray &value)

@@ -5,7 +5,10 @@
 
 #include <QByteArray>
 #include <QList>
-#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <optional>
 
 struct sqlite3;
 
@@ -30,13 +33,14 @@ public:
         Answer answer = Answer::Unavailable;
         QByteArray bytes;
     };
+    // What a write does to one key.
     struct Change {
-        QString key;
         QByteArray value;
-        // Copies the stored value, if there is one, to "<key>.unread" first ("<key>.unread.2" when that is taken by
-        // other bytes, and so on).
-        bool keepformer = false;
+        QList<QByteArray> copies; // kept first, each under the first name of copyName() that is free or holds the same
     };
+    // Decides a key's change from the bytes that the transaction finds stored under it; nothing when there are none. A
+    // write that is tried again asks again.
+    using Decision = std::function<Change(const QString &key, const std::optional<QByteArray> &stored)>;
 
     // A file, by whatever name.
     struct Identity {
@@ -48,8 +52,15 @@ public:
 
     // Unavailable means that nobody can tell now whether there is a value.
     [[nodiscard]] Value read(const QString &key);
-    // All of the changes or none; false when none was made.
-    [[nodiscard]] bool write(const QList<Change> &changes);
+    // Changes all of the keys or none; false when none was changed.
+    [[nodiscard]] bool write(const QStringList &keys, const Decision &decide);
+    // In the order of their bytes; nothing when nobody can tell now.
+    [[nodiscard]] std::optional<QStringList> keys();
+    // Moves the file, if there is one, out of the way as one that is not usable; false when it could not be moved.
+    bool setAside();
+
+    // Where the copies of a key's values are kept, counted from 1: "<key>.unread", "<key>.unread.2" and so on.
+    [[nodiscard]] static QString copyName(const QString &key, int number);
 
 private:
     enum class State { Ready, Missing, Unavailable };
@@ -60,11 +71,12 @@ private:
     [[nodiscard]] bool isReplaced() const;
     void close();
     [[nodiscard]] bool isUnusable(int result);
-    bool setAside();
 
-    int commit(const QList<Change> &changes);
-    int apply(const QList<Change> &changes);
-    int keepFormer(const QString &key);
+    Answer ask(const std::function<int()> &question);
+    int commit(const QStringList &keys, const Decision &decide);
+    int apply(const QStringList &keys, const Decision &decide);
+    int keepCopy(const QString &key, const QByteArray &value);
+    int get(const QString &key, std::optional<QByteArray> &value);
     int put(const QString &key, const QByteArray &value);
     int execute(const char *sql);
 

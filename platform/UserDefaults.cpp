@@ -5,7 +5,9 @@
 
 #include "platform/PropertyList.h"
 
+#include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 
 namespace {
 
@@ -47,6 +49,16 @@ bool isTrue(const QVariant &value)
     }
 }
 
+QByteArray digestOf(const QByteArray &bytes)
+{
+    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
+}
+
+// The keys of a value in the pending file.
+const QString valuekey = QStringLiteral("value");
+const QString changedkey = QStringLiteral("changed");
+const QString formerkey = QStringLiteral("former");
+
 } // namespace
 
 UserDefaults::UserDefaults(const QString &storePath)
@@ -57,7 +69,8 @@ UserDefaults::UserDefaults(const QString &storePath)
 UserDefaults::~UserDefaults()
 {
     Q_ASSERT(!intransaction);
-    synchronize();
+    if (!isleft)
+        synchronize();
     if (replacement == this)
         replacement = nullptr;
 }
@@ -92,42 +105,59 @@ void UserDefaults::registerDefaults(const QVariantMap &defaults)
 QVariant UserDefaults::objectForKey(const QString &key) const
 {
     if (const auto waiting = pending.constFind(key); waiting != pending.constEnd())
-        return PropertyList::read(*waiting).value_or(QVariant());
+        return PropertyList::read(waiting->bytes).value_or(QVariant());
     const SqliteStore::Value stored = store.read(key);
+    Known form;
+    form.isread = stored.answer != SqliteStore::Answer::Unavailable;
+    std::optional<QVariant> value;
     if (stored.answer == SqliteStore::Answer::Found) {
-        if (std::optional<QVariant> value = PropertyList::read(stored.bytes))
-            return *value;
+        form.digest = digestOf(stored.bytes);
+        value = PropertyList::read(stored.bytes);
+        form.isunderstood = value.has_value();
     }
-    // For good until it is written, although a later look may understand it: at worst a copy is kept that nobody needs.
-    if (stored.answer != SqliteStore::Answer::Absent)
-        unread.insert(key);
-    return registered.value(key);
+    if (form.isread)
+        joined.remove(key);
+    known.insert(key, form);
+    return value ? *value : registered.value(key);
 }
 
 bool UserDefaults::boolForKey(const QString &key) const
 {
-    const auto known = flags.constFind(key);
-    if (known != flags.constEnd())
-        return *known;
+    const auto cached = flags.constFind(key);
+    if (cached != flags.constEnd())
+        return *cached;
     const bool flag = isTrue(objectForKey(key));
     flags.insert(key, flag);
     return flag;
 }
 
-void UserDefaults::setObject(const QVariant &value, const QString &key)
+void UserDefaults::setObject(const QVariant &value, const QString &key, const QVariant &changed)
 {
     std::optional<QByteArray> bytes = PropertyList::write(value);
     Q_ASSERT(bytes);
     if (!bytes)
         return; // GCOVR_EXCL_LINE: a caller's mistake, which the assertion tells
-    pending.insert(key, *bytes);
+    pending.insert(key, {*bytes, changed});
+    isleft = false;
     flags.remove(key);
     synchronize();
 }
 
 void UserDefaults::keepUnread(const QString &key)
 {
-    unread.insert(key);
+    known[key].isunderstood = false;
+}
+
+QVariantList UserDefaults::unreadObjectsForKey(const QString &key) const
+{
+    QVariantList copies;
+    for (int number = 1;; ++number) {
+        const SqliteStore::Value copy = store.read(SqliteStore::copyName(key, number));
+        if (copy.answer != SqliteStore::Answer::Found)
+            return copies;
+        if (const std::optional<QVariant> value = PropertyList::read(copy.bytes))
+            copies.append(*value);
+    }
 }
 
 bool UserDefaults::synchronize()
@@ -136,17 +166,131 @@ bool UserDefaults::synchronize()
         return true;
     if (intransaction)
         return false;
-    QList<SqliteStore::Change> changes;
-    changes.reserve(pending.size());
-    for (auto change = pending.constBegin(); change != pending.constEnd(); ++change)
-        changes.append({change.key(), change.value(), unread.contains(change.key())});
-    if (!store.write(changes))
+    struct Written {
+        QByteArray digest;
+        QByteArray joinedwith;
+    };
+    QHash<QString, Written> written;
+    const auto note = [&](const QString &key, const std::optional<QByteArray> &stored) {
+        bool isjoined = false;
+        SqliteStore::Change change = decide(key, stored, isjoined);
+        written.insert(
+            key, {digestOf(change.value), isjoined ? joined.value(key, stored.value_or(QByteArray())) : QByteArray()});
+        return change;
+    };
+    if (!store.write(pending.keys(), note))
         return false;
-    for (const SqliteStore::Change &change : qAsConst(changes))
-        unread.remove(change.key);
+    for (auto each = written.constBegin(); each != written.constEnd(); ++each) {
+        known.insert(each.key(), {true, true, each->digest});
+        if (each->joinedwith.isNull())
+            joined.remove(each.key());
+        else
+            joined.insert(each.key(), each->joinedwith);
+    }
     pending.clear();
     flags.clear(); // some may have been read while the store could not be
+    removePendingFile();
     return true;
+}
+
+SqliteStore::Change UserDefaults::decide(
+    const QString &key, const std::optional<QByteArray> &stored, bool &isjoined) const
+{
+    const QByteArray &mine = pending[key].bytes;
+    if (!stored || *stored == mine)
+        return {mine, {}};
+    const auto form = known.constFind(key);
+    const bool isasked = form != known.constEnd();
+    const bool isknown = isasked && form->isread && form->digest == digestOf(*stored);
+    const auto former = joined.constFind(key);
+    if (isknown && form->isunderstood && former == joined.constEnd())
+        return {mine, {}};
+    if (isasked && form->isunderstood) {
+        const std::optional<SqliteStore::Change> change = joinWith(key, isknown ? *former : *stored);
+        isjoined = change.has_value();
+        if (change)
+            return *change;
+    }
+    return {mine, {*stored}};
+}
+
+std::optional<SqliteStore::Change> UserDefaults::joinWith(const QString &key, const QByteArray &stored) const
+{
+    const std::optional<QVariant> value = PropertyList::read(stored);
+    if (!join || !value)
+        return std::nullopt;
+    const Waiting &mine = pending[key];
+    const std::optional<Joined> both
+        = join(key, *value, PropertyList::read(mine.bytes).value_or(QVariant()), mine.changed);
+    const std::optional<QByteArray> bytes = both ? PropertyList::write(both->value) : std::nullopt;
+    if (!bytes)
+        return std::nullopt;
+    return SqliteStore::Change{*bytes, both->whole ? QList<QByteArray>() : QList<QByteArray>{mine.bytes}};
+}
+
+bool UserDefaults::leavePending()
+{
+    if (pending.isEmpty() || isleft)
+        return true;
+    const auto record = [this](const QString &key, const std::optional<QByteArray> &stored) {
+        const Waiting &mine = pending[key];
+        QVariantMap entry{{valuekey, mine.bytes}};
+        if (mine.changed.isValid())
+            entry.insert(changedkey, mine.changed);
+        const Known form = known.value(key);
+        if (form.isread && form.isunderstood && !joined.contains(key))
+            entry.insert(formerkey, form.digest);
+        // What an earlier run left, and this one could not take in, stays.
+        const bool isours = !stored || haspendingfile;
+        return SqliteStore::Change{
+            PropertyList::write(entry).value(), isours ? QList<QByteArray>() : QList<QByteArray>{*stored}};
+    };
+    SqliteStore file(pendingPath());
+    isleft = file.write(pending.keys(), record);
+    haspendingfile = haspendingfile || isleft;
+    return isleft;
+}
+
+void UserDefaults::takeInPending()
+{
+    if (!QFile::exists(pendingPath()))
+        return;
+    {
+        SqliteStore file(pendingPath());
+        const std::optional<QStringList> keys = file.keys();
+        if (!keys)
+            return;
+        bool iswhole = true;
+        for (const QString &key : *keys)
+            iswhole = takeIn(key, file.read(key).bytes) && iswhole;
+        if (!iswhole)
+            file.setAside(); // what was understood is this run's now
+    }
+    haspendingfile = QFile::exists(pendingPath());
+    flags.clear();
+    if (pending.isEmpty())
+        removePendingFile();
+    synchronize();
+}
+
+bool UserDefaults::takeIn(const QString &key, const QByteArray &record)
+{
+    const QVariantMap entry = PropertyList::read(record).value_or(QVariant()).toMap();
+    const QByteArray bytes = entry.value(valuekey).toByteArray();
+    if (!PropertyList::read(bytes))
+        return false;
+    pending.insert(key, {bytes, entry.value(changedkey)});
+    const QVariant former = entry.value(formerkey);
+    known.insert(key, {former.isValid(), true, former.toByteArray()});
+    return true;
+}
+
+// Once everything in it is in the store. A file that cannot be removed is taken in again, which adds nothing to what
+// was joined and replaces only what did not change since.
+void UserDefaults::removePendingFile()
+{
+    if (haspendingfile)
+        haspendingfile = !QFile::remove(pendingPath());
 }
 
 UserDefaults::Transaction::Transaction(UserDefaults &userDefaults)
@@ -163,6 +307,7 @@ UserDefaults::Transaction::~Transaction()
         return;
     defaults.intransaction = false;
     defaults.pending = former;
+    defaults.isleft = false;
     defaults.flags.clear();
 }
 

@@ -7,17 +7,26 @@
 
 #include <QHash>
 #include <QMap>
-#include <QSet>
 #include <QString>
 #include <QVariant>
+
+#include <functional>
+#include <optional>
 
 // The user's preferences: values under keys, kept in one store file, above registered defaults that live in memory
 // only. Day logs are values like any other, so a value is read from the store when it is asked for and not kept; only
 // flags are, since a table asks for them at every cell.
 //
 // Nothing here fails aloud. A value that cannot be written stays pending: reads answer it, and it is written with the
-// next write, at synchronize() and when the object goes. A stored value that cannot be read or understood counts as
-// absent and is kept under "<key>.unread" before the key is first written.
+// next write, at synchronize() and when the object goes. What is pending when the program ends can be left in a file of
+// its own, "<store>.pending", for the next start to take in.
+//
+// No stored value that this run has not read is replaced without a copy. Before a key is written, what is stored under
+// it is compared with what this run last read or wrote there:
+//  - the same: it is replaced;
+//  - another one, or one that could not be read when it was asked for: it is joined with this run's where the kind of
+//    value knows how (setJoin), else kept under "<key>.unread" and replaced;
+//  - never asked for, or not understood: it is kept under "<key>.unread" and replaced.
 //
 // Values are bool, integers (read as qint64), float, double, QDateTime (read as UTC), QByteArray, QString, QVariantList
 // and QVariantMap of these.
@@ -48,8 +57,23 @@ public:
     // blanks, one sign and zeros ("YES" is true, "NO" and "0" are not); false for anything else or nothing.
     [[nodiscard]] bool boolForKey(const QString &key) const;
 
-    // On the disk when it returns, unless the store cannot be written or a transaction is open.
-    void setObject(const QVariant &value, const QString &key);
+    // On the disk when it returns, unless the store cannot be written or a transaction is open. `changed` tells the
+    // join which part of the value this run changed, in the join's own terms.
+    void setObject(const QVariant &value, const QString &key, const QVariant &changed = {});
+
+    // What a join makes of a stored value and this run's.
+    struct Joined {
+        QVariant value;
+        bool whole = true; // false when a part of this run's value is not in it: a copy of that value is kept
+    };
+    // Nothing for a kind of value that cannot be joined. Asked again with the same stored value whenever this run's
+    // changes, so that the newer one replaces the older one and nothing else.
+    using Join = std::function<std::optional<Joined>(
+        const QString &key, const QVariant &stored, const QVariant &mine, const QVariant &changed)>;
+    void setJoin(Join function) { join = std::move(function); }
+
+    // The copies kept of a key's values, oldest first; those that are no value are left out.
+    [[nodiscard]] QVariantList unreadObjectsForKey(const QString &key) const;
 
     // The caller understood the value of the key, but not as what it should be: it is kept under "<key>.unread", once,
     // when the key is next written.
@@ -58,6 +82,20 @@ public:
     // Writes what is pending in one transaction; true when nothing is left. Does nothing inside a Transaction.
     bool synchronize();
 
+    // Leaves what is pending in the file beside the store, all of it or nothing; true when there is nothing to be left
+    // or it is on the disk. The file goes when all of it has reached the store.
+    bool leavePending();
+    // Takes in what an earlier run left there, as if this run had set it. A value whose stored form that run had read
+    // replaces it if the store still holds that form; any other counts as one that could not be read.
+    void takeInPending();
+
+private:
+    struct Waiting {
+        QByteArray bytes; // encoded, so that reads answer what another run would read
+        QVariant changed;
+    };
+
+public:
     // Makes the writes of its lifetime one: all of them reach the disk, with whatever was pending before, or none.
     class Transaction final {
     public:
@@ -72,16 +110,34 @@ public:
 
     private:
         UserDefaults &defaults;
-        QMap<QString, QByteArray> former;
+        QMap<QString, Waiting> former;
         bool isopen = true;
     };
 
 private:
+    // What this run knows of what is stored under a key that it has asked for.
+    struct Known {
+        bool isread = false; // false: nobody could tell
+        bool isunderstood = true;
+        QByteArray digest; // of the stored bytes; null when nothing was stored
+    };
+
+    [[nodiscard]] SqliteStore::Change decide(
+        const QString &key, const std::optional<QByteArray> &stored, bool &isjoined) const;
+    [[nodiscard]] std::optional<SqliteStore::Change> joinWith(const QString &key, const QByteArray &stored) const;
+    [[nodiscard]] QString pendingPath() const { return storepath + QStringLiteral(".pending"); }
+    bool takeIn(const QString &key, const QByteArray &record);
+    void removePendingFile();
+
     QString storepath;
     mutable SqliteStore store;
     QVariantMap registered;
-    QMap<QString, QByteArray> pending; // encoded, so that reads answer what another run would read
-    mutable QSet<QString> unread; // keys whose stored value is to be kept
+    QMap<QString, Waiting> pending;
+    mutable QHash<QString, Known> known;
+    mutable QHash<QString, QByteArray> joined; // what was stored under a key whose value this run joined with its own
+    Join join;
     mutable QHash<QString, bool> flags; // those that were read or set in this run
     bool intransaction = false;
+    bool haspendingfile = false;
+    bool isleft = false; // what is pending is in that file
 };

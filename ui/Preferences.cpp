@@ -36,7 +36,9 @@ void AppDelegate::setRDA()
 {
     const float value = NumberText::floatValue(rdainput->text());
     rdainput->setText(NumberText::fixed(double(value), 2)); // the field shows what was stored
-    rdas[static_cast<std::size_t>(rdamenu->currentIndex())] = value;
+    const auto i = static_cast<std::size_t>(rdamenu->currentIndex());
+    rdas[i] = value;
+    rdaschanged.set(i);
     nutrienttable->reloadData();
 }
 
@@ -45,6 +47,7 @@ void AppDelegate::RDAreset()
     std::size_t i = 0;
     for (const int rda : NutrientCatalogue::defaultRDAs())
         rdas[i++] = static_cast<float>(rda);
+    rdaschanged.set();
     RDAtick();
     // The nutrient table is left as it is; the sheet asks for fresh figures when it has been hidden.
 }

@@ -101,12 +101,12 @@ public:
         interface->show();
         return *this;
     }
-    void terminate()
+    bool terminate()
     {
         UserDefaults::Transaction transaction(store);
         controller.applicationWillTerminate();
         interface->saveWindowState(store);
-        transaction.commit();
+        return transaction.commit() || store.leavePending();
     }
 
     // Adds foods the way a command does: each in turn, then both tables.

@@ -1,0 +1,190 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "support/EnteredLog.h"
+#include "support/LockedStore.h"
+
+#include "platform/PropertyList.h"
+
+#include <QtTest>
+
+#include <sys/stat.h>
+
+// What a shutdown cannot write is left beside the store and taken in by the next start.
+class PendingFileTest final : public QObject {
+    Q_OBJECT
+
+private:
+    std::unique_ptr<EnteredLog> log;
+
+    [[nodiscard]] QString pendingPath() const { return log->storePath() + QStringLiteral(".pending"); }
+
+    // Today holds "A 30, B 40". A run removes A and adds "C 50", sets the allowance of carbs and another setting, and
+    // cannot save.
+    void leave(LockedStore::Lock lock, bool afterreading)
+    {
+        log->storeToday(QStringLiteral("A 30, B 40"));
+        std::optional<LockedStore> locked;
+        if (!afterreading)
+            locked.emplace(log->storePath(), lock);
+        Run run(log->home);
+        run.launch();
+        if (afterreading)
+            locked.emplace(log->storePath(), lock);
+        if (run.names().contains(QStringLiteral("A"))) {
+            run.select({0});
+            run.controller.removeSelected();
+        }
+        log->enter(run, QStringLiteral("C 50"));
+        log->setRDA(run, 1, "250");
+        run.store.setObject(false, QStringLiteral("UseP"));
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(run.terminate());
+        QVERIFY2(timer.elapsed() < 2000, "one wait for the lock, and no more");
+    }
+
+private slots:
+    void init() { log = std::make_unique<EnteredLog>(); }
+    void cleanup() { log.reset(); }
+
+    void whatTheRunHadReadIsReplacedAndTheFileGoes()
+    {
+        leave(LockedStore::Shared, true);
+        struct stat status { };
+        QCOMPARE(::stat(QFile::encodeName(pendingPath()).constData(), &status), 0);
+        QCOMPARE(status.st_mode & 07777U, 0600U);
+        QCOMPARE(log->storedEntries(EnteredLog::today), QStringLiteral("A 30, B 40"));
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+        QCOMPARE(run.controller.rdas[1], 250.0F);
+        QVERIFY(!run.store.boolForKey(QStringLiteral("UseP")));
+        QVERIFY(!QFile::exists(pendingPath()));
+        QVERIFY(!QFile::exists(pendingPath() + QStringLiteral("-journal")));
+        QVERIFY(run.store.unreadObjectsForKey(EnteredLog::today).isEmpty());
+    }
+
+    void whatTheRunCouldNotReadIsJoined()
+    {
+        leave(LockedStore::Exclusive, false);
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+        QCOMPARE(run.controller.rdas[0], 2000.0F);
+        QCOMPARE(run.controller.rdas[1], 250.0F);
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
+    void whatChangedSinceTheRunHadReadItIsJoined()
+    {
+        leave(LockedStore::Shared, true);
+        {
+            Connection other(log->storePath());
+            const QVariantList former
+                = PropertyList::read(other.bytes(EnteredLog::today)).value_or(QVariant()).toList();
+            QVERIFY(other.put(EnteredLog::today, PropertyList::write(former.mid(0, 1)).value()));
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    }
+
+    void aStartThatStillCannotWriteShowsTheValuesAndLeavesThemAgain()
+    {
+        leave(LockedStore::Shared, true);
+        {
+            const LockedStore locked(log->storePath(), LockedStore::Shared);
+            Run run(log->home);
+            run.launch();
+            QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+            log->enter(run, QStringLiteral("D 60"));
+            QVERIFY(run.terminate());
+            QVERIFY(QFile::exists(pendingPath()));
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D")}));
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
+    void aFileThatCouldNotBeRemovedAddsNothingTheSecondTime()
+    {
+        leave(LockedStore::Exclusive, false);
+        QVERIFY(QFile::copy(pendingPath(), log->home.folder.filePath(QStringLiteral("kept"))));
+        log->storeToday(QString());
+        QVERIFY(QFile::copy(log->home.folder.filePath(QStringLiteral("kept")), pendingPath()));
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    }
+
+    void theNextSaveThatSucceedsRemovesTheFile()
+    {
+        log->storeToday(QStringLiteral("A 30"));
+        Run run(log->home);
+        run.launch();
+        {
+            const LockedStore locked(log->storePath(), LockedStore::Shared);
+            QVERIFY(run.terminate()); // the session's manager asks, and the run goes on
+        }
+        QVERIFY(QFile::exists(pendingPath()));
+        run.controller.nextDay();
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
+    void aFileThatIsNotUnderstoodIsSetAside_data()
+    {
+        QTest::addColumn<QByteArray>("record");
+        QTest::newRow("no database") << QByteArray();
+        QTest::newRow("a record that is no property list") << QByteArray("what");
+        QTest::newRow("a record without a value") << PropertyList::write(QVariantMap()).value();
+    }
+
+    void aFileThatIsNotUnderstoodIsSetAside()
+    {
+        QFETCH(QByteArray, record);
+        leave(LockedStore::Shared, true);
+        if (record.isEmpty()) {
+            writeFile(pendingPath(), "no database");
+        } else {
+            Connection other(pendingPath());
+            QVERIFY(other.put(QStringLiteral("UseP"), record));
+        }
+        Run run(log->home);
+        run.launch();
+        const QStringList without{QStringLiteral("A"), QStringLiteral("B")};
+        QCOMPARE(run.names(), record.isEmpty() ? without : (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+        QVERIFY(run.store.boolForKey(QStringLiteral("UseP")));
+        QVERIFY(!QFile::exists(pendingPath()));
+        QVERIFY(QFile::exists(pendingPath() + QStringLiteral(".unusable")));
+    }
+
+    void aFileThatCannotBeReadNowKeepsItsValuesWhenMoreIsLeft()
+    {
+        leave(LockedStore::Shared, true);
+        {
+            const LockedStore pending(pendingPath(), LockedStore::Exclusive);
+            Run run(log->home);
+            run.launch();
+            QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+    }
+
+    void nothingIsLeftWhereNothingCanBeWritten()
+    {
+        log->storeToday(QStringLiteral("A 30"));
+        Run run(log->home);
+        run.launch();
+        const LockedStore locked(log->storePath(), LockedStore::Shared);
+        QVERIFY(QDir().mkdir(pendingPath()));
+        QVERIFY(!run.terminate());
+        QVERIFY(QDir().rmdir(pendingPath()));
+    }
+};
+
+QTEST_MAIN(PendingFileTest)
+#include "tst_pendingfile.moc"
