@@ -289,8 +289,11 @@ bool UserDefaults::takeIn(const QString &key, const QByteArray &record)
 // was joined and replaces only what did not change since.
 void UserDefaults::removePendingFile()
 {
-    if (haspendingfile)
-        haspendingfile = !QFile::remove(pendingPath());
+    if (!haspendingfile)
+        return;
+    haspendingfile = !QFile::remove(pendingPath());
+    if (!haspendingfile)
+        QFile::remove(pendingPath() + QStringLiteral("-journal")); // it would be played back into the next one
 }
 
 UserDefaults::Transaction::Transaction(UserDefaults &userDefaults)

@@ -55,9 +55,10 @@ struct Contents {
     }
 };
 
-// What the program saves when it ends.
+// What the program saves when it ends; it has read all of it before.
 bool save(UserDefaults &defaults, const Contents &contents)
 {
+    static_cast<void>(Contents::of(defaults));
     UserDefaults::Transaction transaction(defaults);
     defaults.setObject(contents.rdalist, rdas);
     defaults.setObject(contents.todaylog, today);
@@ -351,6 +352,71 @@ private slots:
         QVERIFY2(hits > 10, "too few operations failed");
     }
 
+    void whatIsLeftBesideTheStoreIsThereEntirelyOrNotAtAll_data()
+    {
+        QTest::addColumn<bool>("istakenin"); // the fault comes while the file is taken in, not while it is left
+        QTest::addColumn<int>("fault");
+        QTest::addColumn<int>("survivors");
+        for (const bool istakenin : {false, true}) {
+            const char *when = istakenin ? "taken in" : "left";
+            QTest::addRow("%s, a kill", when) << istakenin << int(Fault::PowerCut) << int(Survivors::All);
+            QTest::addRow("%s, the power fails", when) << istakenin << int(Fault::PowerCut) << int(Survivors::Some);
+            QTest::addRow("%s, the disk is full", when) << istakenin << int(Fault::DiskFull) << int(Survivors::All);
+            QTest::addRow("%s, an error", when) << istakenin << int(Fault::InputOutput) << int(Survivors::All);
+        }
+    }
+
+    void whatIsLeftBesideTheStoreIsThereEntirelyOrNotAtAll()
+    {
+        QFETCH(bool, istakenin);
+        QFETCH(int, fault);
+        QFETCH(int, survivors);
+        bool isfinished = false;
+        int hits = 0;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            const QString elsewhere = home->filePath(QStringLiteral("elsewhere"));
+            QVERIFY(QFile::rename(path, elsewhere));
+            QVERIFY(QDir().mkdir(path)); // nothing can be read or written there
+            FaultyVfs disk;
+            bool isleft = false;
+            {
+                UserDefaults defaults(path);
+                QVERIFY(!save(defaults, Contents::numbered(2)));
+                if (!istakenin)
+                    disk.arm(Fault(fault), operation, true);
+                isleft = defaults.leavePending();
+                if (!istakenin)
+                    isfinished = !disk.hasStruck();
+            }
+            if (!istakenin)
+                disk.restart(Survivors(survivors), quint32(operation));
+            QVERIFY(QDir().rmdir(path));
+            QVERIFY(QFile::rename(elsewhere, path));
+            if (istakenin) {
+                {
+                    UserDefaults defaults(path);
+                    disk.arm(Fault(fault), operation, true);
+                    defaults.takeInPending();
+                    isfinished = !disk.hasStruck();
+                }
+                disk.restart(Survivors(survivors), quint32(operation));
+            }
+            hits += isfinished ? 0 : 1;
+            {
+                UserDefaults defaults(path);
+                defaults.takeInPending();
+                const Contents found = Contents::of(defaults);
+                QVERIFY2(found == Contents::numbered(2) || (!isleft && found == Contents::numbered(1)),
+                    qPrintable(QString::number(operation)));
+                QVERIFY(save(defaults, Contents::numbered(3)));
+            }
+            QCOMPARE(files().join(u' '), QStringLiteral("preferences.sqlite"));
+            QCOMPARE(integrity(path), QStringLiteral("ok"));
+        }
+        QVERIFY2(hits > 8, "too few operations failed");
+    }
+
     void aFaultThatIsOverIsOvercomeByASecondTry()
     {
         layOut();
@@ -358,7 +424,9 @@ private slots:
         SqliteStore store(path);
         QCOMPARE(store.read(today).answer, SqliteStore::Answer::Found);
         disk.arm(Fault::InputOutput, 1, false);
-        QVERIFY(store.write({{rdas, "later", false}}));
+        QVERIFY(store.write({rdas}, [](const QString &, const std::optional<QByteArray> &) {
+            return SqliteStore::Change{"later", {}};
+        }));
         QVERIFY(disk.hasStruck());
         QCOMPARE(store.read(rdas).bytes, QByteArray("later"));
     }

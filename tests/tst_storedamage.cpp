@@ -304,11 +304,21 @@ private slots:
         QCOMPARE(other.rows(), 3);
     }
 
-    void aValueThatIsNotLookedAtIsNotKept()
+    void onlyAValueThatThisRunHasReadIsReplacedWithoutACopy()
     {
         UserDefaults(path).setObject(1, day);
-        UserDefaults(path).setObject(2, day);
+        UserDefaults(path).setObject(1, day); // replaces nothing
         QCOMPARE(Connection(path).rows(), 1);
+        {
+            UserDefaults defaults(path);
+            QCOMPARE(defaults.objectForKey(day), number(1));
+            defaults.setObject(2, day);
+            defaults.setObject(3, day);
+        }
+        QCOMPARE(Connection(path).rows(), 1);
+        UserDefaults(path).setObject(4, day);
+        QCOMPARE(stored(day), number(4));
+        QCOMPARE(stored(day + QStringLiteral(".unread")), number(3));
     }
 
     void aSecondValueThatIsNotUnderstoodDoesNotReplaceTheFirst()

@@ -6,6 +6,8 @@
 
 #include "platform/PropertyList.h"
 
+#include <QLabel>
+#include <QPushButton>
 #include <QtTest>
 
 namespace {
@@ -258,6 +260,50 @@ private slots:
         QCOMPARE(log->storedEntries(dayhere), QStringLiteral("B 40"));
         QCOMPARE(log->storedEntries(unread(dayhere)), isread ? QString() : QStringLiteral("A 30"));
         QVERIFY(isread || !log->stored(daythere).isValid());
+    }
+
+    // Two copies of the 21st: one holds A, B and an item that is no record, the other is no list at all.
+    void keptEntriesAreOfferedOnTheirDayAndCanBeAdded()
+    {
+        const QVariant yesterdays = [this] {
+            log->storeToday(QStringLiteral("A 30, B 40"));
+            return log->stored(today);
+        }();
+        {
+            UserDefaults store(log->storePath());
+            static_cast<void>(store.objectForKey(today));
+            store.setObject(QVariantList(), today);
+            store.setObject(yesterdays.toList() + QVariantList{QStringLiteral("no record")}, unread(today));
+            store.setObject(QStringLiteral("no list"), unread(today) + QStringLiteral(".2"));
+        }
+        Run run(log->home);
+        run.show();
+        QWidget *window = run.interface->mainWindow();
+        QVERIFY(QTest::qWaitForWindowActive(window));
+        const auto *text = window->findChild<QLabel *>(QStringLiteral("keptlabel"));
+        auto *button = window->findChild<QPushButton *>(QStringLiteral("keptbutton"));
+        QVERIFY(text->isVisible());
+        QCOMPARE(text->text(), QStringLiteral("2 entries were kept from a save that could not be read."));
+        QCOMPARE(button->text(), QStringLiteral("Add them…"));
+
+        QTest::keyClick(window, Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(!text->isVisible());
+        QTest::keyClick(window, Qt::Key_Left, Qt::AltModifier);
+        QVERIFY(text->isVisible());
+        log->enter(run, QStringLiteral("B 70"));
+        QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(text->text(), QStringLiteral("1 entry was kept from a save that could not be read."));
+
+        run.controller.events.clear();
+        QTest::mouseClick(button, Qt::LeftButton);
+        QVERIFY(!text->isVisible());
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("A")}));
+        QCOMPARE(run.controller.foods.at(1)->curamount(), 30.0F);
+        QCOMPARE(run.controller.logtable->model()->rowCount(), 2);
+        QVERIFY(run.terminate());
+        QCOMPARE(EnteredLog::entriesOf(run.store.objectForKey(today)), QStringLiteral("B 70, A 30"));
+        QCOMPARE(EnteredLog::entriesOf(run.store.objectForKey(unread(today))), QStringLiteral("A 30, B 40"));
     }
 };
 

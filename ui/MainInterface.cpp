@@ -129,6 +129,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
     connect(action, &QAction::triggered, this, [this, operation] {
         endEditing();
         std::invoke(operation, controller);
+        showKept();
     });
 }
 
@@ -170,6 +171,7 @@ void MainInterface::connectCommands()
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         endEditing();
         controller.updateDate();
+        showKept();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
         const int former = controller.numberOfRowsInTableView(main->logtable);
@@ -178,6 +180,13 @@ void MainInterface::connectCommands()
         const int rows = controller.numberOfRowsInTableView(main->logtable);
         if (rows > former) // a number typed next is the amount of the food added last
             main->logtable->setCurrentRow(rows - 1);
+        showKept();
+    });
+    connect(main->keptbutton, &QAbstractButton::clicked, this, [this] {
+        endEditing();
+        controller.addKeptFoods();
+        main->logtable->setFocus();
+        showKept();
     });
     // An amount edit leaves the nutrient table as it is; a person expects fresh figures.
     connect(main->logtable, &TableView::editingEnded, this, [this] { controller.updateNutrients(); });
@@ -225,9 +234,20 @@ void MainInterface::showSettings()
     prefs->rememberdate->setChecked(store.boolForKey(QStringLiteral("RememberDate")));
 }
 
+void MainInterface::showKept()
+{
+    const auto count = controller.keptFoods().size();
+    const QString text = count == 1 ? tr("1 entry was kept from a save that could not be read.")
+                                    : tr("%1 entries were kept from a save that could not be read.").arg(count);
+    main->keptlabel->setText(text);
+    main->keptbutton->setAccessibleDescription(text);
+    main->keptrow->setVisible(count > 0);
+}
+
 void MainInterface::show()
 {
     showSettings();
+    showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     window->restoreGeometry(store.objectForKey(geometrykey).toByteArray());
     if (!main->splitter->restoreState(store.objectForKey(splitterskey).toByteArray()))

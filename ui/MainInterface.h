@@ -52,6 +52,8 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
+    void showKept();
 
     // Sends the operation when the action is chosen, after ending an open editor.
     void connectCommand(QAction *action, Operation operation);

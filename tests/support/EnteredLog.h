@@ -19,11 +19,12 @@ public:
 
     [[nodiscard]] QString storePath() const { return home.storePath(); }
     [[nodiscard]] QVariant stored(const QString &key) const { return UserDefaults(storePath()).objectForKey(key); }
-    // As another run would open that day.
-    [[nodiscard]] QString storedEntries(const QString &key) const
+    [[nodiscard]] QString storedEntries(const QString &key) const { return entriesOf(stored(key)); }
+    // As opening a day with that list would show it.
+    [[nodiscard]] static QString entriesOf(const QVariant &list)
     {
         QStringList entries;
-        const StoredValues::Day contents = StoredValues::day(stored(key));
+        const StoredValues::Day contents = StoredValues::day(list);
         for (const Food &food : contents.foods)
             entries.append(food.name().value_or(QString()) + u' ' + QString::number(double(food.curamount())));
         return entries.join(QStringLiteral(", "));
