@@ -11,6 +11,8 @@
 #include <QIcon>
 #include <QSessionManager>
 
+#include <cstdlib>
+
 namespace {
 
 // Saves what the program ends with and where its window stood. One transaction, so that no part of it stands alone.
@@ -54,8 +56,9 @@ int main(int argc, char **argv)
     AppDelegate controller;
     MainInterface interface(controller);
     QApplication::setQuitOnLastWindowClosed(controller.applicationShouldTerminateAfterLastWindowClosed());
-    QObject::connect(
-        &application, &QCoreApplication::aboutToQuit, &controller, [&] { save(controller, interface, store); });
+    bool issaved = true;
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &controller,
+        [&] { issaved = save(controller, interface, store); });
     // The session is about to end, but may yet be kept: save now and stay.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &controller, [&](QSessionManager &) {
         interface.endEditing();
@@ -66,5 +69,6 @@ int main(int argc, char **argv)
     controller.applicationDidFinishLaunching();
     interface.show();
     shown = &interface;
-    return QApplication::exec();
+    const int status = QApplication::exec();
+    return issaved ? status : EXIT_FAILURE;
 }
