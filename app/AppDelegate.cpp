@@ -7,8 +7,8 @@
 #include "model/StoredValues.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
-#include "ui/ArrayController.h"
-#include "ui/TableView.h"
+#include "ui/foodsheet/ArrayController.h"
+#include "ui/table/TableView.h"
 
 #include <QComboBox>
 #include <QLineEdit>

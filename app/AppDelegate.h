@@ -5,8 +5,8 @@
 
 #include "catalog/NutrientCatalogue.h"
 #include "model/Food.h"
-#include "ui/TableViewDataSource.h"
-#include "ui/TableViewDelegate.h"
+#include "ui/table/TableViewDataSource.h"
+#include "ui/table/TableViewDelegate.h"
 
 #include <QByteArray>
 #include <QDateTime>
@@ -69,8 +69,6 @@ public:
     [[nodiscard]] std::vector<std::shared_ptr<Food>> keptFoods() const;
     // Adds them as if by hand. The copies stay.
     void addKeptFoods();
-    // The store's key of an instant's day in the time zone in force now: "2015_05_11".
-    [[nodiscard]] static QString dayKey(const QDateTime &date);
 
     // daylog/LogEditing.cpp: commands on the log
     void addFood();

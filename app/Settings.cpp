@@ -4,8 +4,8 @@
 #include "app/AppDelegate.h"
 
 #include "model/StoredValues.h"
+#include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
-#include "ui/DatePicker.h"
 
 #include <algorithm>
 
@@ -16,8 +16,8 @@ bool isShowable(const QVariant &date)
 {
     if (date.typeId() != QMetaType::QDateTime)
         return false;
-    const QDate day = DatePicker::localDate(date.toDateTime());
-    return day.isValid() && day >= DatePicker::firstDate() && day <= DatePicker::lastDate();
+    const QDate day = LocalDay::dateOf(date.toDateTime());
+    return day.isValid() && day >= LocalDay::firstDate() && day <= LocalDay::lastDate();
 }
 
 QVariantList defaultRDAs()

@@ -9,7 +9,7 @@
 #include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
 #include "ui/MainInterface.h"
-#include "ui/TableView.h"
+#include "ui/table/TableView.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "catalog/FoodCatalogue.h"
-#include "catalog/FoodSearch.h"
+#include "search/FoodSearch.h"
 #include "platform/Bundle.h"
-#include "ui/AddFoodSheet.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 
 #include <QApplication>
 #include <QElapsedTimer>

@@ -3,7 +3,7 @@
 
 #include "app/AppDelegate.h"
 
-#include "ui/TableView.h"
+#include "ui/table/TableView.h"
 
 // Every sum is one float operation at a time, in the order written: the last bits depend on it, and are part of what
 // the program promises. A total is moved by each change and never summed anew while its day is shown.

@@ -4,24 +4,16 @@
 #include "app/AppDelegate.h"
 
 #include "model/StoredValues.h"
+#include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
-#include "ui/DatePicker.h"
-#include "ui/TableView.h"
-
-QString AppDelegate::dayKey(const QDateTime &date)
-{
-    const QDate day = DatePicker::localDate(date);
-    return QStringLiteral("%1_%2_%3")
-        .arg(day.year(), 4, 10, QLatin1Char('0'))
-        .arg(day.month(), 2, 10, QLatin1Char('0'))
-        .arg(day.day(), 2, 10, QLatin1Char('0'));
-}
+#include "ui/datepicker/DatePicker.h"
+#include "ui/table/TableView.h"
 
 void AppDelegate::setDate(const QDateTime &date)
 {
     nutrienttable->reloadData();
     // Another instant of the day shown is not taken: the earlier one stays, and is what is remembered.
-    if (curdate.isValid() && dayKey(curdate) == dayKey(date))
+    if (curdate.isValid() && LocalDay::key(curdate) == LocalDay::key(date))
         return;
     if (curdate.isValid())
         saveDay();
@@ -30,7 +22,7 @@ void AppDelegate::setDate(const QDateTime &date)
     curdatefoods.clear();
     unreadfoods.clear();
     clearSums();
-    loadDay(dayKey(date));
+    loadDay(LocalDay::key(date));
     logtable->reloadData();
     nutrienttable->reloadData();
     curdate = date.toUTC();
@@ -44,7 +36,7 @@ void AppDelegate::saveDay()
     for (const QByteArray &record : curdatefoods)
         items.append(record);
     items.append(unreadfoods);
-    prefs->setObject(items, dayKey(curdate));
+    prefs->setObject(items, LocalDay::key(curdate));
 }
 
 // Adds the foods stored under a day's key as if they had been added by hand, so that a second entry of a name is
@@ -63,7 +55,7 @@ void AppDelegate::loadDay(const QString &key)
 std::vector<AppDelegate::FoodPointer> AppDelegate::keptFoods() const
 {
     std::vector<FoodPointer> kept;
-    const QVariantList copies = prefs->unreadObjectsForKey(dayKey(curdate));
+    const QVariantList copies = prefs->unreadObjectsForKey(LocalDay::key(curdate));
     for (const QVariant &copy : copies) {
         StoredValues::Day day = StoredValues::day(copy);
         for (Food &food : day.foods) {
@@ -94,10 +86,10 @@ void AppDelegate::today()
 
 void AppDelegate::previousDay()
 {
-    setDate(DatePicker::dayBefore(curdate));
+    setDate(LocalDay::dayBefore(curdate));
 }
 
 void AppDelegate::nextDay()
 {
-    setDate(DatePicker::dayAfter(curdate));
+    setDate(LocalDay::dayAfter(curdate));
 }

@@ -6,8 +6,8 @@
 #include "model/FoodRecord.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
-#include "ui/MenuItemUnit.h"
-#include "ui/TableView.h"
+#include "ui/table/MenuItemUnit.h"
+#include "ui/table/TableView.h"
 
 // The two edits differ, on purpose, in when the selection is cleared and in what is reloaded.
 

@@ -4,9 +4,9 @@
 #include "app/AppDelegate.h"
 
 #include "model/FoodRecord.h"
-#include "ui/AddFoodSheet.h"
-#include "ui/ArrayController.h"
-#include "ui/TableView.h"
+#include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/foodsheet/ArrayController.h"
+#include "ui/table/TableView.h"
 
 #include <QLabel>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "catalog/FoodCatalogue.h"
-#include "catalog/FoodSearch.h"
+#include "search/FoodSearch.h"
 #include "fuzz/Fuzzing.h"
 
 #include <vector>

@@ -5,6 +5,7 @@
 
 #include "catalog/NutrientCatalogue.h"
 #include "model/FoodRecord.h"
+#include "platform/LocalDay.h"
 #include "platform/NumberText.h"
 
 #include <QHash>
@@ -78,19 +79,6 @@ StoredValues::Day StoredValues::day(const QVariant &value)
     return day;
 }
 
-bool StoredValues::isDayKey(const QString &key)
-{
-    constexpr int length = 10;
-    if (key.size() != length)
-        return false;
-    for (int i = 0; i < length; ++i) {
-        const bool isline = i == 4 || i == 7;
-        if (isline ? key[i] != u'_' : key[i] < u'0' || key[i] > u'9')
-            return false;
-    }
-    return true;
-}
-
 float StoredValues::rda(const QVariant &element)
 {
     switch (element.typeId()) {
@@ -117,7 +105,7 @@ std::optional<UserDefaults::Joined> StoredValues::join(
         return std::nullopt;
     if (key == rdaskey)
         return joinRDAs(stored.toList(), mine.toList(), changed.toList());
-    if (isDayKey(key))
+    if (LocalDay::dateOfKey(key))
         return joinDays(stored.toList(), mine.toList());
     return std::nullopt;
 }

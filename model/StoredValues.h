@@ -22,9 +22,6 @@ struct Day {
 // Empty when the value is no list.
 [[nodiscard]] Day day(const QVariant &value);
 
-// "2015_05_11": four digits, two and two.
-[[nodiscard]] bool isDayKey(const QString &key);
-
 // The RDA that a stored element stands for: a number is itself, a text its leading number, a boolean 0 or 1, anything
 // else 0.
 [[nodiscard]] float rda(const QVariant &element);

@@ -6,7 +6,7 @@
 // order.
 
 #include "tests/support/Run.h"
-#include "ui/MenuItemUnit.h"
+#include "ui/table/MenuItemUnit.h"
 
 #include <QApplication>
 

@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/AddFoodSheetFixture.h"
-#include "ui/FoodListModel.h"
+#include "ui/foodsheet/FoodListModel.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemModelTester>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/ArrayController.h"
+#include "ui/foodsheet/ArrayController.h"
 
 #include <QtTest>
 

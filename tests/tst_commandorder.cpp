@@ -3,8 +3,10 @@
 
 #include "support/Run.h"
 
+#include "platform/LocalDay.h"
+
 #include "model/FoodRecord.h"
-#include "ui/MenuItemUnit.h"
+#include "ui/table/MenuItemUnit.h"
 
 #include <QtTest>
 
@@ -149,7 +151,7 @@ private slots:
 
     void theOldDayIsStoredBeforeAnythingIsCleared()
     {
-        const QString daykey = AppDelegate::dayKey(run->controller.curdate);
+        const QString daykey = LocalDay::key(run->controller.curdate);
         run->controller.nextDay();
         QCOMPARE(run->store.objectForKey(daykey).toList().size(), 3);
     }

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/DatePicker.h"
+#include "platform/LocalDay.h"
+#include "ui/datepicker/DatePicker.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>
@@ -36,7 +37,7 @@ private slots:
     {
         const DatePicker picker;
         QVERIFY(std::abs(picker.dateValue().secsTo(QDateTime::currentDateTimeUtc())) < 60);
-        QCOMPARE(picker.date(), DatePicker::localDate(picker.dateValue()));
+        QCOMPARE(picker.date(), LocalDay::dateOf(picker.dateValue()));
     }
 
     void theInstantIsKeptToTheMillisecond_data()
@@ -55,7 +56,7 @@ private slots:
             picker.setDateValue(utc(text));
             QCOMPARE(picker.dateValue(), utc(text));
             QCOMPARE(picker.dateValue().timeSpec(), Qt::UTC);
-            QCOMPARE(picker.date(), DatePicker::localDate(utc(text)));
+            QCOMPARE(picker.date(), LocalDay::dateOf(utc(text)));
         }
     }
 
@@ -146,57 +147,15 @@ private slots:
             QCOMPARE(picker.dateValue().toString(Qt::ISODateWithMs), utc(qPrintable(to)).toString(Qt::ISODateWithMs));
     }
 
-    void theDayBeforeAndAfter_data()
-    {
-        QTest::addColumn<QByteArray>("zone");
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("second");
-        const auto row = [](const char *name, const char *zone, const char *first, const char *second) {
-            QTest::newRow(name) << QByteArray(zone) << QString::fromLatin1(first) << QString::fromLatin1(second);
-        };
-        row("UTC", "UTC", "2015-05-11T22:23:24.567", "2015-05-12T22:23:24.567");
-        row("the end of February", "UTC", "2024-02-29T00:00:00", "2024-03-01T00:00:00");
-        row("a day of 23 hours", "America/New_York", "2024-03-09T17:00:00", "2024-03-10T16:00:00");
-        row("a day of 25 hours", "America/New_York", "2024-11-02T16:00:00", "2024-11-03T17:00:00");
-        row("midnight before the clock goes back", "America/New_York", "2024-11-03T04:00:00", "2024-11-04T05:00:00");
-        row("a short day in the south", "Pacific/Auckland", "2024-09-28T00:00:00", "2024-09-28T23:00:00");
-        row("a long day in the south", "Pacific/Auckland", "2024-04-06T00:00:00", "2024-04-07T01:00:00");
-        row("fourteen hours ahead", "Pacific/Kiritimati", "2024-12-30T10:00:00", "2024-12-31T10:00:00");
-        row("before 1970", "UTC", "1969-12-31T23:59:59.999", "1970-01-01T23:59:59.999");
-        row("a leap year of the first century", "UTC", "0004-02-28T12:00:00", "0004-02-29T12:00:00");
-    }
-
-    void theDayBeforeAndAfter()
-    {
-        QFETCH(QByteArray, zone);
-        QFETCH(QString, first);
-        QFETCH(QString, second);
-        setZone(zone);
-        QCOMPARE(DatePicker::dayAfter(utc(qPrintable(first))), utc(qPrintable(second)));
-        QCOMPARE(DatePicker::dayBefore(utc(qPrintable(second))), utc(qPrintable(first)));
-    }
-
-    void theDayAfterASkippedMidnightIsReachedOnce()
-    {
-        setZone("America/Santiago");
-        const QDateTime eve = utc("2023-09-02T04:00:00"); // midnight
-        const QDateTime day = DatePicker::dayAfter(eve);
-        QCOMPARE(day, utc("2023-09-03T04:00:00")); // one o'clock
-        QCOMPARE(DatePicker::localDate(day), QDate(2023, 9, 3));
-        QCOMPARE(DatePicker::localDate(day.addSecs(-1)), QDate(2023, 9, 2));
-        QCOMPARE(DatePicker::localDate(DatePicker::dayAfter(day)), QDate(2023, 9, 4));
-        QCOMPARE(DatePicker::localDate(DatePicker::dayBefore(day)), QDate(2023, 9, 2));
-    }
-
     void aDayThatTheZoneLeftOutIsPassedOver()
     {
         setZone("Pacific/Apia"); // 29 December 2011 was followed by the 31st
         const QDateTime eve = utc("2011-12-29T22:00:00"); // noon of the 29th
         const QDateTime day = utc("2011-12-30T22:00:00"); // noon of the 31st
-        QCOMPARE(DatePicker::localDate(eve), QDate(2011, 12, 29));
-        QCOMPARE(DatePicker::localDate(day), QDate(2011, 12, 31));
-        QCOMPARE(DatePicker::localDate(DatePicker::dayAfter(eve)), QDate(2011, 12, 31));
-        QCOMPARE(DatePicker::dayBefore(day), eve);
+        QCOMPARE(LocalDay::dateOf(eve), QDate(2011, 12, 29));
+        QCOMPARE(LocalDay::dateOf(day), QDate(2011, 12, 31));
+        QCOMPARE(LocalDay::dateOf(LocalDay::dayAfter(eve)), QDate(2011, 12, 31));
+        QCOMPARE(LocalDay::dayBefore(day), eve);
 
         DatePicker picker;
         picker.setDateValue(eve);
@@ -210,35 +169,14 @@ private slots:
         QCOMPARE(picker.date(), QDate(2011, 12, 31));
     }
 
-    void everyDayOfManyYearsIsReachedInOrder_data()
-    {
-        QTest::addColumn<QByteArray>("zone");
-        for (const char *zone :
-            {"UTC", "America/Santiago", "America/New_York", "Pacific/Auckland", "Europe/London", "Asia/Tehran"})
-            QTest::newRow(zone) << QByteArray(zone);
-    }
-
-    void everyDayOfManyYearsIsReachedInOrder()
-    {
-        QFETCH(QByteArray, zone);
-        setZone(zone);
-        QDateTime day = utc("1990-01-01T23:45:00");
-        QDate date = DatePicker::localDate(day);
-        for (int i = 0; i < 365 * 45; ++i) {
-            day = DatePicker::dayAfter(day);
-            date = date.addDays(1);
-            QCOMPARE(DatePicker::localDate(day), date);
-        }
-    }
-
     void theEndsOfTheRangeAreNotLeft()
     {
         const QDateTime first = utc("0001-01-01T12:00:00");
         const QDateTime last = utc("9999-12-31T12:00:00");
-        QCOMPARE(DatePicker::dayBefore(first), first);
-        QCOMPARE(DatePicker::dayAfter(last), last);
-        QCOMPARE(DatePicker::dayAfter(first), utc("0001-01-02T12:00:00"));
-        QCOMPARE(DatePicker::dayBefore(last), utc("9999-12-30T12:00:00"));
+        QCOMPARE(LocalDay::dayBefore(first), first);
+        QCOMPARE(LocalDay::dayAfter(last), last);
+        QCOMPARE(LocalDay::dayAfter(first), utc("0001-01-02T12:00:00"));
+        QCOMPARE(LocalDay::dayBefore(last), utc("9999-12-30T12:00:00"));
         DatePicker picker;
         picker.setDateValue(first);
         QCOMPARE(picker.date(), QDate(1, 1, 1));
@@ -254,9 +192,9 @@ private slots:
     void anotherZoneGivesTheSameInstantAnotherDate()
     {
         const QDateTime instant = utc("2024-06-30T22:30:00");
-        QCOMPARE(DatePicker::localDate(instant), QDate(2024, 6, 30));
+        QCOMPARE(LocalDay::dateOf(instant), QDate(2024, 6, 30));
         setZone("Pacific/Auckland");
-        QCOMPARE(DatePicker::localDate(instant), QDate(2024, 7, 1));
+        QCOMPARE(LocalDay::dateOf(instant), QDate(2024, 7, 1));
         DatePicker picker;
         picker.setDateValue(instant);
         QCOMPARE(picker.date(), QDate(2024, 7, 1));

@@ -3,9 +3,11 @@
 
 #include "support/Run.h"
 
+#include "platform/LocalDay.h"
+
 #include "model/FoodRecord.h"
-#include "ui/DatePicker.h"
-#include "ui/MenuItemUnit.h"
+#include "ui/datepicker/DatePicker.h"
+#include "ui/table/MenuItemUnit.h"
 
 #include <QLabel>
 #include <QtTest>
@@ -87,7 +89,7 @@ private slots:
         QFETCH(QByteArray, zone);
         QFETCH(QDateTime, instant);
         const TimeZone here(zone);
-        QTEST(AppDelegate::dayKey(instant), "daykey");
+        QTEST(LocalDay::key(instant), "daykey");
     }
 
     void fiveMinutesEitherSideOfMidnightAreTwoDays_data()
@@ -135,7 +137,7 @@ private slots:
         QCOMPARE(run->controller.datepicker->dateValue(), earlier);
         QCOMPARE(run->names(), QStringList{A});
         QCOMPARE(run->controller.label->text(), QStringLiteral("as it was"));
-        QVERIFY(!run->store.objectForKey(AppDelegate::dayKey(earlier)).isValid());
+        QVERIFY(!run->store.objectForKey(LocalDay::key(earlier)).isValid());
         run->terminate();
         QCOMPARE(run->store.objectForKey(key("LastDate")).toDateTime(), earlier);
     }
@@ -159,12 +161,12 @@ private slots:
 
     void leavingAnEmptyDayStoresAnEmptyList()
     {
-        const QString daykey = AppDelegate::dayKey(run->controller.curdate);
+        const QString daykey = LocalDay::key(run->controller.curdate);
         run->controller.nextDay();
         const QVariant stored = run->store.objectForKey(daykey);
         QCOMPARE(stored.typeId(), int(QMetaType::QVariantList));
         QCOMPARE(stored.toList(), QVariantList());
-        QVERIFY(!run->store.objectForKey(AppDelegate::dayKey(run->controller.curdate)).isValid());
+        QVERIFY(!run->store.objectForKey(LocalDay::key(run->controller.curdate)).isValid());
     }
 
     void aNameStoredTwiceIsOpenedOnceAndThenMissing()
@@ -214,7 +216,7 @@ private slots:
         run->add({A});
         TimeZone::enter("Pacific/Auckland");
         // The same instant is the next day's afternoon there; the day is left under the key it has now.
-        QCOMPARE(AppDelegate::dayKey(evening), key("2026_06_02"));
+        QCOMPARE(LocalDay::key(evening), key("2026_06_02"));
         run->controller.setDate(evening.addDays(3));
         QCOMPARE(run->store.objectForKey(key("2026_06_02")).toList(), QVariantList{recordOf(A)});
         QVERIFY(!run->store.objectForKey(key("2026_06_01")).isValid());
@@ -229,7 +231,7 @@ private slots:
     {
         home->now = localInstant({2026, 11, 24}, {0, 0});
         run->controller.today();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_11_24"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_11_24"));
         QCOMPARE(run->controller.datepicker->dateValue(), home->now);
         const QDateTime first = run->controller.curdate;
         home->now = home->now.addSecs(60);
@@ -240,7 +242,7 @@ private slots:
     void thePickerOpensItsDate()
     {
         run->controller.datepicker->setDateValue(localInstant({2026, 12, 24}, {18, 0}));
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_11_21")); // setting it by code sends nothing
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_11_21")); // setting it by code sends nothing
         run->controller.updateDate();
         QCOMPARE(run->controller.curdate, localInstant({2026, 12, 24}, {18, 0}));
     }
@@ -259,14 +261,14 @@ private slots:
         run->controller.setDate(localInstant({2026, 3, 7}, {2, 30}));
         run->controller.nextDay(); // half past two does not exist on the 8th
         QCOMPARE(run->controller.curdate, localInstant({2026, 3, 8}, {3, 0}));
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_03_08"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_03_08"));
         run->controller.previousDay();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_03_07"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_03_07"));
         run->controller.setDate(localInstant({2026, 10, 31}, {1, 30}));
         run->controller.nextDay();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_11_01"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_11_01"));
         run->controller.nextDay();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_11_02"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_11_02"));
         QCOMPARE(run->controller.curdate.toLocalTime().time(), QTime(1, 30));
         run->controller.previousDay(); // which has 25 hours
         run->controller.previousDay();
@@ -278,7 +280,7 @@ private slots:
         const TimeZone newyork("America/New_York");
         run->controller.setDate(QDateTime({2026, 6, 1}, {22, 0}, Qt::LocalTime));
         TimeZone::enter("Pacific/Auckland");
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), key("2026_06_02"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_06_02"));
     }
 
     void itemsThatAreNoRecordAreKeptBehindTheEntries()

@@ -4,7 +4,7 @@
 #include "support/Run.h"
 
 #include "model/FoodRecord.h"
-#include "ui/MenuItemUnit.h"
+#include "ui/table/MenuItemUnit.h"
 
 #include <QLabel>
 #include <QtTest>

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "catalog/FoodCatalogue.h"
-#include "catalog/FoodSearch.h"
-#include "catalog/FoodSynonyms.h"
-#include "catalog/FoodWords.h"
+#include "search/FoodSearch.h"
+#include "search/FoodSynonyms.h"
+#include "search/FoodWords.h"
 
 #include <QFile>
 #include <QRandomGenerator>

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "catalog/FoodWords.h"
+#include "search/FoodWords.h"
 
 #include <QtTest>
 

@@ -3,8 +3,10 @@
 
 #include "support/Run.h"
 
-#include "ui/ArrayController.h"
-#include "ui/DatePicker.h"
+#include "platform/LocalDay.h"
+
+#include "ui/foodsheet/ArrayController.h"
+#include "ui/datepicker/DatePicker.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -231,7 +233,7 @@ private slots:
 
     void theEndStoresRDAsDateAndDay()
     {
-        const QString daykey = AppDelegate::dayKey(home->now);
+        const QString daykey = LocalDay::key(home->now);
         {
             Run run(*home);
             run.launch();
@@ -254,7 +256,7 @@ private slots:
         Run again(*home);
         again.launch();
         QCOMPARE(again.names(), QStringList{key("A")});
-        QCOMPARE(AppDelegate::dayKey(again.controller.curdate), daykey);
+        QCOMPARE(LocalDay::key(again.controller.curdate), daykey);
     }
 
     void withoutACurrentDateOnlyTheRDAsAreStored()
@@ -268,7 +270,7 @@ private slots:
         const UserDefaults store(home->storePath());
         QVERIFY(store.objectForKey(key("RDAs")).isValid());
         QVERIFY(!store.objectForKey(key("LastDate")).isValid());
-        QVERIFY(!store.objectForKey(AppDelegate::dayKey(home->now)).isValid());
+        QVERIFY(!store.objectForKey(LocalDay::key(home->now)).isValid());
     }
 
     void changedRDAsAreThereAtTheNextStart()

@@ -3,9 +3,11 @@
 
 #include "support/Run.h"
 
+#include "platform/LocalDay.h"
+
 #include "model/FoodRecord.h"
-#include "ui/AddFoodSheet.h"
-#include "ui/ArrayController.h"
+#include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/foodsheet/ArrayController.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -353,7 +355,7 @@ private slots:
         run->controller.cut();
         run->controller.paste();
         run->edit(0, QStringLiteral("5"));
-        QVERIFY(!run->store.objectForKey(AppDelegate::dayKey(home->now)).isValid());
+        QVERIFY(!run->store.objectForKey(LocalDay::key(home->now)).isValid());
     }
 
 private:

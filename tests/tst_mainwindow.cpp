@@ -1,9 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/LocalDay.h"
 #include "tests/support/Run.h"
-#include "ui/AddFoodSheet.h"
-#include "ui/DatePicker.h"
+#include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/datepicker/DatePicker.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -167,7 +168,7 @@ private slots:
         run->add({A});
         typeYear();
         window()->findChild<QAction *>(QStringLiteral("actionaddfood"))->trigger();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2025_11_21"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2025_11_21"));
         QCOMPARE(run->names(), QStringList());
     }
 
@@ -175,7 +176,7 @@ private slots:
     {
         typeYear();
         run->interface.reset();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2026_11_21"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
     }
 
     void commandsActOnTheLogFromAnywhereInTheWindow_data()
@@ -235,7 +236,7 @@ private slots:
 
     void daysChangeByKeysAndButtons()
     {
-        const auto day = [this] { return AppDelegate::dayKey(run->controller.curdate); };
+        const auto day = [this] { return LocalDay::key(run->controller.curdate); };
         QTest::keyClick(table(), Qt::Key_Left, Qt::AltModifier);
         QCOMPARE(day(), QStringLiteral("2026_11_20"));
         QTest::keyClick(table(), Qt::Key_Right, Qt::AltModifier);
@@ -347,7 +348,7 @@ private:
         QTRY_VERIFY(picker->hasFocus());
         picker->setSelectedSection(QDateTimeEdit::YearSection);
         QTest::keyClicks(picker, QStringLiteral("2025"));
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2026_11_21"));
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
     }
     // Types into the amount of a row and leaves its editor open.
     void type(int row, const QString &text)

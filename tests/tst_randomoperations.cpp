@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: MIT
 
 #include "tests/support/NaiveLog.h"
+#include "platform/LocalDay.h"
 #include "tests/support/Run.h"
 
 #include "model/FoodRecord.h"
-#include "ui/MenuItemUnit.h"
+#include "ui/table/MenuItemUnit.h"
 
 #include <QLabel>
 #include <QRandomGenerator>
@@ -68,7 +69,7 @@ private slots:
             nutrients.push_back(toText(name));
         naive = std::make_unique<Naive::Log>(toText(QFileInfo(home.files.pathOf(foodName(0))).path()), nutrients);
         start();
-        naive->openDay(toText(AppDelegate::dayKey(home.now)));
+        naive->openDay(toText(LocalDay::key(home.now)));
 
         QMap<QString, int> done;
         for (int i = 0; i < operations; ++i) {
@@ -237,11 +238,11 @@ private:
     QString openDay()
     {
         const QDateTime date = home.now.addDays(draw(days)).addSecs(draw(3600));
-        const QString left = AppDelegate::dayKey(run->controller.curdate);
-        naive->openDay(toText(AppDelegate::dayKey(date)));
+        const QString left = LocalDay::key(run->controller.curdate);
+        naive->openDay(toText(LocalDay::key(date)));
         run->controller.setDate(date);
         leftday = left;
-        return QStringLiteral("day ") + AppDelegate::dayKey(date);
+        return QStringLiteral("day ") + LocalDay::key(date);
     }
 
     // What the program has and the naive log has not, or the other way round; empty when there is nothing.

@@ -1,10 +1,10 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/TableView.h"
-#include "ui/TableViewDataSource.h"
-#include "ui/TableViewDelegate.h"
-#include "ui/TextFieldCellRDA.h"
+#include "ui/table/TableView.h"
+#include "ui/table/TableViewDataSource.h"
+#include "ui/table/TableViewDelegate.h"
+#include "ui/table/TextFieldCellRDA.h"
 
 #include <QHeaderView>
 #include <QImage>

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/TableView.h"
-#include "ui/TableViewDataSource.h"
-#include "ui/TableViewDelegate.h"
+#include "ui/table/TableView.h"
+#include "ui/table/TableViewDataSource.h"
+#include "ui/table/TableViewDelegate.h"
 
 #include <QHelpEvent>
 #include <QTextDocument>

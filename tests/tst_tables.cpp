@@ -3,9 +3,9 @@
 
 #include "support/Run.h"
 
-#include "ui/MenuItemUnit.h"
-#include "ui/PopUpButtonCell.h"
-#include "ui/TextFieldCellRDA.h"
+#include "ui/table/MenuItemUnit.h"
+#include "ui/table/PopUpButtonCell.h"
+#include "ui/table/TextFieldCellRDA.h"
 
 #include <QLabel>
 #include <QtTest>

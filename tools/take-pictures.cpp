@@ -7,9 +7,9 @@
 
 #include "app/AppDelegate.h"
 #include "platform/UserDefaults.h"
-#include "ui/AddFoodSheet.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/MainInterface.h"
-#include "ui/TableView.h"
+#include "ui/table/TableView.h"
 
 #include <QApplication>
 #include <QComboBox>

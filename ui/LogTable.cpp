@@ -4,10 +4,10 @@
 #include "app/AppDelegate.h"
 
 #include "platform/NumberText.h"
-#include "ui/MenuItemUnit.h"
-#include "ui/PopUpButtonCell.h"
-#include "ui/TableView.h"
-#include "ui/TextFieldCellRDA.h"
+#include "ui/table/MenuItemUnit.h"
+#include "ui/table/PopUpButtonCell.h"
+#include "ui/table/TableView.h"
+#include "ui/table/TextFieldCellRDA.h"
 
 // The callbacks of both tables come here first; which table asks is told by identity.
 

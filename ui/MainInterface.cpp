@@ -6,10 +6,10 @@
 #include "app/AppDelegate.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
-#include "ui/AddFoodSheet.h"
-#include "ui/PopUpButtonCell.h"
+#include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/table/PopUpButtonCell.h"
 #include "ui/PreferencesSheet.h"
-#include "ui/TextFieldCellRDA.h"
+#include "ui/table/TextFieldCellRDA.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 

@@ -5,8 +5,8 @@
 
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
-#include "ui/TableView.h"
-#include "ui/TextFieldCellRDA.h"
+#include "ui/table/TableView.h"
+#include "ui/table/TextFieldCellRDA.h"
 
 #include <QColor>
 

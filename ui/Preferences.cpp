@@ -4,7 +4,7 @@
 #include "app/AppDelegate.h"
 
 #include "platform/NumberText.h"
-#include "ui/TableView.h"
+#include "ui/table/TableView.h"
 
 #include <QComboBox>
 #include <QDialog>

@@ -5,7 +5,7 @@
 
 #include "catalog/FoodCatalogue.h"
 #include "platform/Bundle.h"
-#include "ui/AddFoodSheet.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 
 #include <QApplication>
 #include <QLabel>

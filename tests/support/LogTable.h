@@ -3,10 +3,10 @@
 
 #pragma once
 
-#include "ui/PopUpButtonCell.h"
-#include "ui/TableView.h"
-#include "ui/TableViewDataSource.h"
-#include "ui/TableViewDelegate.h"
+#include "ui/table/PopUpButtonCell.h"
+#include "ui/table/TableView.h"
+#include "ui/table/TableViewDataSource.h"
+#include "ui/table/TableViewDelegate.h"
 
 #include <QMenu>
 #include <QStringList>

@@ -7,7 +7,7 @@
 #include "platform/UserDefaults.h"
 #include "tests/support/FoodFiles.h"
 #include "ui/MainInterface.h"
-#include "ui/TableView.h"
+#include "ui/table/TableView.h"
 
 #include <QCoreApplication>
 #include <QMainWindow>

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "search/FoodLexicon.h"
+
+#include <QHash>
+#include <QList>
+#include <QSet>
+
+namespace {
+
+using FoodLexicon::Tone;
+
+QSet<QByteArray> setOf(const char *words, char separator = ' ')
+{
+    const QList<QByteArray> list = QByteArray(words).split(separator);
+    return {list.begin(), list.end()};
+}
+
+QHash<QByteArray, Tone> toneTable()
+{
+    QHash<QByteArray, Tone> table;
+    const auto add = [&table](Tone tone, const char *words) {
+        for (const QByteArray &word : setOf(words))
+            table.insert(word, tone);
+    };
+    add(Tone::Filler, "a all an and by for from in of on or s the to type types with without");
+    add(Tone::Plain, "brewed fluid fresh granulated plain purpose raw regular ripe whole");
+    add(Tone::Neutral,
+        "acid added air ascorbic average bleached boneless broilers calcium classes commercial commercially cooked d "
+        "drained enriched flesh fryers grades grain grams inch includes lean long mature meat milkfat mixed no only "
+        "ounce peel peeled per popped prepared propionate round salad salt salted separable skin solids species style "
+        "table tap trimmed unenriched unprepared varieties vitamin water year");
+    add(Tone::Processed,
+        "breaded calorie candied canned coated concentrate condensed decaffeinated dehydrated diet dough dried dry "
+        "evaporated extra fat flavor flavored flavors flour formulated fortified free fried frozen instant low lowfat "
+        "mix mixture nonfat pickled powder powdered reduced refrigerated sauce smoked special spread stuffed sweetened "
+        "syrup toasted vegetarian");
+    add(Tone::StandIn, "dietary dietetic imitation meatless replacement substitute substitutes");
+    return table;
+}
+
+} // namespace
+
+FoodLexicon::Tone FoodLexicon::tone(const QByteArray &word)
+{
+    static const QHash<QByteArray, Tone> table = toneTable();
+    return table.value(word, Tone::Ordinary);
+}
+
+bool FoodLexicon::tellsState(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf(
+        "all and australian bottled brewed broilers by canned chinese classes commercially cooked cured distilled "
+        "domestic dried dry eat enhanced enriched fluid fresh frozen fryers immature imported latino mature meats mix "
+        "new or prepared products raw ready red ripe seeds serve tap to unenriched variety zealand");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isShelf(const QByteArray &part)
+{
+    static const QSet<QByteArray> parts = setOf(
+        "alcoholic beverage,babyfood,beverage,beverages,candies,carbonated beverage,cereals,cereals ready to eat,"
+        "crustaceans,desserts,fast food,fast foods,fish,frozen novelties,fungi,game meat,infant formula,"
+        "leavening agents,mollusks,nuts,restaurant,salad dressing,seeds,snack,snacks,spices,sweeteners,"
+        "toaster pastries,tomato products",
+        ',');
+    return parts.contains(part);
+}
+
+bool FoodLexicon::isForFew(const QByteArray &word)
+{
+    static const QSet<QByteArray> words
+        = setOf("alaskan apache babyfood hopi infant junior native navajo plains shoshone southwest strained toddler");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isAbbreviation(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf("ara bbq dha usda");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isServing(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf(
+        "bit bottle bowl can cup fresh glass handful homemade some organic piece pint plate portion serving slice");
+    return words.contains(word) || tone(word) == Tone::Filler;
+}

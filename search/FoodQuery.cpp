@@ -1,0 +1,247 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "search/FoodQuery.h"
+
+#include "search/FoodSynonyms.h"
+#include "search/FoodWords.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace {
+
+using FoodQuery::Match;
+using FoodQuery::Reading;
+using FoodQuery::Term;
+using Words = std::vector<QByteArray>;
+
+constexpr std::size_t mostreadings = 8;
+
+struct DraftWord {
+    QByteArray text;
+    bool typed = true; // or somebody else's word for it, which is meant as a whole and taken for nothing else
+};
+
+struct Draft {
+    std::vector<DraftWord> words;
+    bool borrowed = false;
+};
+
+int allowedSlips(const QByteArray &word)
+{
+    return word.size() >= 8 ? 2 : word.size() >= 4 ? 1 : 0;
+}
+
+bool isSame(const QByteArray &a, const QByteArray &b)
+{
+    if (a == b)
+        return true;
+    // Two spellings of one word begin alike: most pairs need no more than this.
+    if (a[0] != b[0] || std::abs(a.size() - b.size()) > 3)
+        return false;
+    const Words others = FoodWords::otherNumbers(a);
+    return std::find(others.begin(), others.end(), b) != others.end();
+}
+
+bool matchAs(Term &term, int word, Match match)
+{
+    if (word < 0)
+        return false;
+    term.matches[static_cast<std::size_t>(word)] = match;
+    term.found = true;
+    return true;
+}
+
+// The word's plural and singular too; and, as "tomatos" is nobody's plural, the right plural of its singular.
+void matchNumbersAs(Term &term, const QByteArray &text, Match match, const FoodIndex &index)
+{
+    for (const QByteArray &other : FoodWords::otherNumbers(text)) {
+        if (!matchAs(term, index.find(other), match))
+            continue;
+        for (const QByteArray &another : FoodWords::otherNumbers(other))
+            matchAs(term, index.find(another), match);
+    }
+}
+
+Term termFor(const QByteArray &text, bool beginnings, const FoodIndex &index)
+{
+    const auto &vocabulary = index.vocabulary();
+    Term term{text, std::vector<Match>(vocabulary.size(), Match::None)};
+    if (beginnings) {
+        for (std::size_t at = index.lowerBound(text); at < vocabulary.size(); ++at) {
+            if (!vocabulary[at].text.startsWith(text))
+                break;
+            matchAs(term, static_cast<int>(at), Match::Beginning);
+        }
+    }
+    matchNumbersAs(term, text, Match::Whole, index);
+    matchAs(term, index.find(text), Match::Whole);
+    return term;
+}
+
+// Takes the term as misspelt: it matches the words that need the fewest slips, whole ones before beginnings.
+void repair(Term &term, const FoodIndex &index)
+{
+    constexpr qsizetype shortestbegun = 6; // fewer letters, one of them wrong, are the beginning of too much
+    const auto &vocabulary = index.vocabulary();
+    for (const bool beginning : {false, true}) {
+        const Match match = beginning ? Match::Beginning : Match::Whole;
+        if (beginning && term.text.size() < shortestbegun)
+            return;
+        for (int allowed = 1; allowed <= allowedSlips(term.text); ++allowed) {
+            for (std::size_t at = 0; at < vocabulary.size(); ++at) {
+                if (FoodWords::slips(term.text, vocabulary[at].text, allowed, beginning) > allowed)
+                    continue;
+                matchAs(term, static_cast<int>(at), match);
+                matchNumbersAs(term, vocabulary[at].text, match, index);
+            }
+            if (term.found)
+                return;
+        }
+    }
+}
+
+class Reader {
+public:
+    explicit Reader(const FoodIndex &foodindex)
+        : index(foodindex)
+    { }
+
+    std::vector<Reading> read(const Words &typed)
+    {
+        Draft first;
+        for (const QByteArray &word : typed)
+            first.words.push_back({spelledAsSaid(word)});
+        drafts.push_back(first);
+        for (std::size_t at = 0; at < drafts.size(); ++at) {
+            addSynonyms(at);
+            addJoined(at);
+            addParted(at);
+        }
+        std::vector<Reading> answer;
+        for (const Draft &draft : drafts) {
+            Reading reading;
+            reading.borrowed = draft.borrowed;
+            if (addTerms(reading, draft))
+                answer.push_back(std::move(reading));
+        }
+        return answer;
+    }
+
+private:
+    // A word that is in no name may be the beginning, or a misspelling, of one that the table of synonyms knows.
+    QByteArray spelledAsSaid(const QByteArray &word) const
+    {
+        if (word.size() < 3 || termFor(word, true, index).found)
+            return word;
+        const int limit = allowedSlips(word);
+        QByteArray closest = word;
+        for (const FoodSynonym &synonym : foodSynonyms()) {
+            if (synonym.said.size() != 1)
+                continue;
+            const QByteArray &said = synonym.said.front();
+            if (said.startsWith(word) || isSame(word, said))
+                return said;
+            if (FoodWords::slips(word, said, limit, false) <= limit)
+                closest = said;
+        }
+        const auto &vocabulary = index.vocabulary();
+        const bool ownword = std::any_of(vocabulary.begin(), vocabulary.end(),
+            [&](const auto &other) { return FoodWords::slips(word, other.text, limit, false) <= limit; });
+        return ownword ? word : closest;
+    }
+
+    // Puts `meant` in the place of `count` words at `first` of a draft, as a draft of its own.
+    void add(
+        const Draft &draft, std::size_t first, std::size_t count, const std::vector<DraftWord> &meant, bool borrowed)
+    {
+        if (drafts.size() >= mostreadings)
+            return;
+        Draft changed = draft;
+        const auto at = changed.words.begin() + static_cast<std::ptrdiff_t>(first);
+        for (auto word = at; word != at + static_cast<std::ptrdiff_t>(count); ++word)
+            translated.insert(word->text);
+        changed.words.insert(
+            changed.words.erase(at, at + static_cast<std::ptrdiff_t>(count)), meant.begin(), meant.end());
+        changed.borrowed = changed.borrowed || borrowed;
+        drafts.push_back(changed);
+    }
+
+    void addSynonyms(std::size_t number)
+    {
+        const Draft draft = drafts[number];
+        for (const FoodSynonym &synonym : foodSynonyms()) {
+            const std::size_t count = synonym.said.size();
+            for (std::size_t first = 0; first + count <= draft.words.size(); ++first) {
+                bool same = true;
+                for (std::size_t i = 0; i < count && same; ++i) {
+                    const DraftWord &word = draft.words[first + i];
+                    same = word.typed && isSame(word.text, synonym.said[i]);
+                }
+                if (!same)
+                    continue;
+                std::vector<DraftWord> meant;
+                for (const QByteArray &word : synonym.meant)
+                    meant.push_back({word, false});
+                add(draft, first, count, meant, true);
+            }
+        }
+    }
+
+    void addJoined(std::size_t number)
+    {
+        const Draft draft = drafts[number];
+        for (std::size_t first = 0; first + 1 < draft.words.size(); ++first) {
+            const DraftWord &one = draft.words[first];
+            const DraftWord &two = draft.words[first + 1];
+            const QByteArray joined = one.text + two.text;
+            if (one.typed && two.typed && termFor(joined, false, index).found)
+                add(draft, first, 2, {{joined, false}}, false);
+        }
+    }
+
+    void addParted(std::size_t number)
+    {
+        constexpr qsizetype shortest = 3;
+        const Draft draft = drafts[number];
+        for (std::size_t at = 0; at < draft.words.size(); ++at) {
+            const DraftWord &word = draft.words[at];
+            if (!word.typed || word.text.size() < 2 * shortest || termFor(word.text, true, index).found)
+                continue;
+            for (qsizetype cut = shortest; cut <= word.text.size() - shortest; ++cut) {
+                const QByteArray one = word.text.left(cut);
+                const QByteArray two = word.text.mid(cut);
+                if (termFor(one, false, index).found && termFor(two, false, index).found)
+                    add(draft, at, 1, {{one, false}, {two, false}}, false);
+            }
+        }
+    }
+
+    // Answers whether the draft can find anything. A typed word that is in no name is repaired, unless another draft
+    // says what it means.
+    bool addTerms(Reading &reading, const Draft &draft) const
+    {
+        for (const DraftWord &word : draft.words) {
+            Term term = termFor(word.text, word.typed, index);
+            if (!term.found && word.typed && !translated.contains(word.text))
+                repair(term, index);
+            if (!term.found)
+                return false;
+            reading.terms.push_back(std::move(term));
+        }
+        return true;
+    }
+
+    const FoodIndex &index;
+    std::vector<Draft> drafts;
+    QSet<QByteArray> translated;
+};
+
+} // namespace
+
+std::vector<FoodQuery::Reading> FoodQuery::readings(const Words &typed, const FoodIndex &index)
+{
+    return Reader(index).read(typed);
+}

@@ -1,0 +1,162 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "search/FoodRank.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+namespace {
+
+using FoodQuery::Match;
+using Place = FoodIndex::Place;
+using Tier = FoodRank::Tier;
+using Matches = std::array<Match, std::numeric_limits<quint8>::max() + 1>; // one for each word of the name
+
+constexpr std::size_t at(Place place)
+{
+    return static_cast<std::size_t>(place);
+}
+
+// How many query words only begin a word of the name; nothing when one of them is not there at all.
+std::optional<quint8> matchWords(
+    const FoodQuery::Reading &reading, const FoodIndex::Name &name, const FoodIndex::NameWord *words, Matches &matches)
+{
+    std::fill_n(matches.begin(), name.count, Match::None);
+    quint8 begun = 0;
+    for (const FoodQuery::Term &term : reading.terms) {
+        Match best = Match::None;
+        for (std::size_t i = 0; i < name.count; ++i) {
+            const Match match = term.match(words[i]);
+            matches[i] = std::max(matches[i], match);
+            best = std::max(best, match);
+        }
+        if (best == Match::None)
+            return std::nullopt;
+        begun = static_cast<quint8>(begun + (best == Match::Beginning ? 1 : 0));
+    }
+    return begun;
+}
+
+struct Coverage {
+    std::array<int, FoodIndex::placeCount> whole{};
+    std::array<int, FoodIndex::placeCount> begun{}; // whole ones too
+    Match headstart = Match::None;
+    Match headnoun = Match::None;
+    bool pastheadstart = false;
+
+    void add(const FoodIndex::NameWord &word, Match match)
+    {
+        if (word.place == Place::Head) {
+            headstart = pastheadstart ? headstart : match;
+            headnoun = word.noun ? match : headnoun;
+            pastheadstart = true;
+        }
+        begun[at(word.place)] += match == Match::None ? 0 : 1;
+        whole[at(word.place)] += match == Match::Whole ? 1 : 0;
+    }
+};
+
+Tier tierOf(const Coverage &coverage, const FoodIndex::Name &name)
+{
+    const auto all = [&](const auto &counts, std::initializer_list<Place> places) {
+        return std::any_of(places.begin(), places.end(),
+            [&](Place place) { return name.size[at(place)] > 0 && counts[at(place)] == name.size[at(place)]; });
+    };
+    const auto some = [&](std::initializer_list<Place> places) {
+        return std::any_of(places.begin(), places.end(), [&](Place place) { return coverage.whole[at(place)] > 0; });
+    };
+    if (all(coverage.whole, {Place::Head, Place::Shelf, Place::Alias}))
+        return Tier::WholeHead;
+    if (coverage.headstart == Match::Whole || all(coverage.whole, {Place::Kind, Place::Aside}))
+        return Tier::HeadStart;
+    if (coverage.headnoun == Match::Whole)
+        return Tier::HeadNoun;
+    if (all(coverage.begun, {Place::Head, Place::Shelf}))
+        return Tier::BegunHead;
+    if (some({Place::Head, Place::Shelf, Place::Kind}))
+        return Tier::PartOfHead;
+    if (all(coverage.begun, {Place::Kind, Place::Alias}))
+        return Tier::BegunKind;
+    if (coverage.headstart == Match::Beginning)
+        return Tier::BegunHeadStart;
+    if (coverage.headnoun == Match::Beginning)
+        return Tier::BegunHeadNoun;
+    return some({Place::Later, Place::Alias}) ? Tier::Elsewhere : Tier::BegunElsewhere;
+}
+
+// Sums what the words of a name weigh that were not asked for.
+class Scales {
+public:
+    // `next` is the word behind, if any.
+    void add(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning,
+        const FoodIndex::VocabularyWord *next)
+    {
+        constexpr int shelfweight = 8;
+        constexpr int companyweight = 24; // of "with": something else is in it
+        constexpr int moreplainweight = FoodIndex::plainWeight / 4; // "raw" says nearly all that "raw, fresh" does
+        int own = meaning.weight;
+        if (word.byProduct)
+            own = FoodIndex::processedWeight;
+        else if (word.place == Place::Shelf)
+            own = shelfweight;
+        else if (own == FoodIndex::plainWeight) {
+            own = plain ? moreplainweight : own;
+            plain = true;
+        } else if (word.place == Place::Kind && !meaning.processed)
+            own = own * 3 / 2;
+        else if (meaning.text == "with" && next != nullptr && next->weight > 0)
+            own = companyweight;
+        const bool inbrackets = word.place == Place::Aside || word.place == Place::Alias;
+        total += inbrackets ? own / 4 : own;
+    }
+
+    // A word of which only the beginning is typed is the likelier the more ordinary it is and the less is missing.
+    void addBegun(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning)
+    {
+        total += std::max<int>(meaning.weight, 0) + 2 * word.length;
+    }
+
+    [[nodiscard]] int weight() const { return total; }
+
+private:
+    int total = 0;
+    bool plain = false;
+};
+
+} // namespace
+
+std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const FoodIndex &index, int number)
+{
+    const FoodIndex::Name &name = index.names()[static_cast<std::size_t>(number)];
+    const FoodIndex::NameWord *words = index.wordsOf(name);
+    Matches matches;
+    const std::optional<quint8> begun = matchWords(reading, name, words, matches);
+    if (!begun)
+        return std::nullopt;
+
+    FoodRank rank;
+    rank.forFew = name.forFew;
+    rank.ofBrand = name.ofBrand;
+    Coverage coverage;
+    Scales scales;
+    for (std::size_t i = 0; i < name.count; ++i) {
+        const FoodIndex::VocabularyWord &meaning = index.vocabulary()[words[i].word];
+        if (matches[i] == Match::None)
+            scales.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
+        else if (matches[i] == Match::Beginning)
+            scales.addBegun(words[i], meaning);
+        const bool whole = matches[i] == Match::Whole;
+        rank.ofBrand = rank.ofBrand && !(whole && (meaning.brand || meaning.standIn));
+        rank.forFew = rank.forFew && !(whole && meaning.forFew);
+        if (meaning.counts())
+            coverage.add(words[i], matches[i]);
+    }
+    rank.tier = tierOf(coverage, name);
+    rank.begun = *begun;
+    rank.borrowed = reading.borrowed;
+    rank.weight = scales.weight();
+    rank.name = number;
+    return rank;
+}

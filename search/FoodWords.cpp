@@ -1,0 +1,133 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "search/FoodWords.h"
+
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <string>
+
+namespace {
+
+constexpr int longestcompared = 40; // longer than any word of a food's name
+
+struct SpecialLetter {
+    QChar character;
+    const char *letters;
+};
+
+// Letters that do not come apart into a plain one and an accent.
+constexpr std::array<SpecialLetter, 5> specialletters{
+    {{u'\u00df', "ss"}, {u'\u00e6', "ae"}, {u'\u00f8', "o"}, {u'\u0142', "l"}, {u'\u0153', "oe"}}};
+
+// Adds the letters that a character stands for in a word; answers whether there were any.
+bool addPlainLetters(std::string &letters, QChar character)
+{
+    const char16_t code = character.unicode();
+    if (code < 0x80) { // all of every food's name
+        const bool capital = code >= u'A' && code <= u'Z';
+        if (!capital && !(code >= u'a' && code <= u'z') && !(code >= u'0' && code <= u'9'))
+            return false;
+        letters += static_cast<char>(capital ? code + 0x20 : code);
+        return true;
+    }
+    const auto special = std::find_if(specialletters.begin(), specialletters.end(),
+        [lower = character.toLower()](const SpecialLetter &letter) { return letter.character == lower; });
+    if (special != specialletters.end()) {
+        letters += special->letters;
+        return true;
+    }
+    bool any = false;
+    for (const QChar part : QString(character).normalized(QString::NormalizationForm_KD))
+        any = (part.unicode() < 0x80 && addPlainLetters(letters, part)) || any;
+    return any;
+}
+
+bool joinsLetters(QChar character)
+{
+    return character == u'\'' || character == u'\u2019' || (character.unicode() >= 0x80 && character.isMark());
+}
+
+} // namespace
+
+std::vector<FoodWords::Word> FoodWords::split(QStringView text)
+{
+    std::vector<Word> words;
+    std::string letters; // most words fit into it without an allocation
+    const auto finish = [&] {
+        if (!letters.empty())
+            words.back().text = QByteArray(letters.data(), static_cast<qsizetype>(letters.size()));
+        letters.clear();
+    };
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool first = letters.empty();
+        if (addPlainLetters(letters, text[at])) {
+            if (first)
+                words.push_back({QByteArray(), static_cast<int>(at), 0});
+            words.back().length = static_cast<int>(at) + 1 - words.back().start;
+        } else if (!joinsLetters(text[at])) {
+            finish();
+        }
+    }
+    finish();
+    return words;
+}
+
+std::vector<QByteArray> FoodWords::otherNumbers(const QByteArray &word)
+{
+    std::vector<QByteArray> others;
+    const auto swap = [&](const char *ending, const char *replacement) {
+        const QByteArray end(ending);
+        if (word.size() > end.size() + 1 && word.endsWith(end))
+            others.push_back(word.chopped(end.size()) + replacement);
+    };
+    swap("ies", "y");
+    swap("ves", "f");
+    swap("ves", "fe");
+    swap("es", "");
+    swap("s", "");
+    swap("y", "ies");
+    swap("f", "ves");
+    swap("fe", "ves");
+    swap("", "es");
+    swap("", "s");
+    return others;
+}
+
+int FoodWords::slips(const QByteArray &typed, const QByteArray &word, int limit, bool beginning)
+{
+    const auto rows = static_cast<int>(typed.size());
+    const int columns = std::min(static_cast<int>(word.size()), beginning ? rows + limit : longestcompared);
+    if (rows > longestcompared || (!beginning && std::abs(rows - static_cast<int>(word.size())) > limit))
+        return limit + 1;
+
+    using Row = std::array<int, 2 * longestcompared + 1>;
+    Row before{};
+    Row last{};
+    Row current{};
+    for (int column = 0; column <= columns; ++column)
+        last[static_cast<std::size_t>(column)] = column;
+    for (int row = 1; row <= rows; ++row) {
+        current[0] = row;
+        int least = row;
+        for (int column = 1; column <= columns; ++column) {
+            const auto at = static_cast<std::size_t>(column);
+            const bool same = typed[row - 1] == word[column - 1];
+            int count = std::min({last[at] + 1, current[at - 1] + 1, last[at - 1] + (same ? 0 : 1)});
+            if (row > 1 && column > 1 && typed[row - 1] == word[column - 2] && typed[row - 2] == word[column - 1])
+                count = std::min(count, before[at - 2] + 1);
+            current[at] = count;
+            least = std::min(least, count);
+        }
+        if (least > limit)
+            return limit + 1;
+        before = last;
+        last = current;
+    }
+    if (!beginning)
+        return std::min(last[static_cast<std::size_t>(columns)], limit + 1);
+    return std::min(*std::min_element(last.begin(), last.begin() + columns + 1), limit + 1);
+}

@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "ui/datepicker/DatePicker.h"
+
+#include "platform/LocalDay.h"
+
+#include <QKeyEvent>
+#include <QLocale>
+#include <QMouseEvent>
+#include <QSignalBlocker>
+#include <QStyle>
+#include <QStyleOptionComboBox>
+#include <QWheelEvent>
+
+#include <algorithm>
+
+namespace {
+
+// The user's own way of writing dates, but with the whole year: two digits cannot say which century.
+QString displayFormatOf(const QLocale &locale)
+{
+    QString format = locale.dateFormat(QLocale::ShortFormat);
+    if (!format.contains(QStringLiteral("yyyy")))
+        format.replace(QStringLiteral("yy"), QStringLiteral("yyyy"));
+    return format;
+}
+
+} // namespace
+
+DatePicker::DatePicker(QWidget *parent)
+    : QDateEdit(parent)
+    , instant(QDateTime::fromMSecsSinceEpoch(0, Qt::UTC))
+{
+    // The field holds a date and nothing else: in UTC every date has every time.
+    setTimeSpec(Qt::UTC);
+    setDateRange(LocalDay::firstDate(), LocalDay::lastDate());
+    setDisplayFormat(displayFormatOf(locale()));
+    setCalendarPopup(true);
+    setKeyboardTracking(false);
+    setFocusPolicy(Qt::StrongFocus);
+    setDateValue(QDateTime::currentDateTimeUtc());
+    connect(this, &QDateEdit::dateChanged, this, &DatePicker::choose);
+}
+
+void DatePicker::setDateValue(const QDateTime &value)
+{
+    if (!value.isValid())
+        return;
+    const QDate shown = std::clamp(LocalDay::dateOf(value), LocalDay::firstDate(), LocalDay::lastDate());
+    instant = shown == LocalDay::dateOf(value) ? value.toUTC() : LocalDay::onDate(value, shown);
+    const QSignalBlocker quiet(this);
+    setDate(shown);
+}
+
+void DatePicker::keyPressEvent(QKeyEvent *event)
+{
+    if ((event->key() == Qt::Key_Down && event->modifiers() == Qt::AltModifier) || event->key() == Qt::Key_F4)
+        openCalendar();
+    else
+        QDateEdit::keyPressEvent(event);
+}
+
+void DatePicker::wheelEvent(QWheelEvent *event)
+{
+    if (hasFocus())
+        QDateEdit::wheelEvent(event);
+    else
+        event->ignore();
+}
+
+// Qt opens the calendar for a press on the arrow alone.
+void DatePicker::openCalendar()
+{
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.subControls = QStyle::SC_All;
+    option.editable = true;
+    const QPointF arrow
+        = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this).center();
+    QMouseEvent press(
+        QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    mousePressEvent(&press);
+}
+
+void DatePicker::choose(QDate date)
+{
+    // Qt also sends the date it goes back to when what was typed is no date, and a date may not exist in the zone.
+    const QDate before = LocalDay::dateOf(instant);
+    if (date != before)
+        setDateValue(LocalDay::onDate(instant, date));
+    if (LocalDay::dateOf(instant) != before)
+        emit dateChosen();
+}

@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QDate>
+#include <QDateEdit>
+#include <QDateTime>
+
+// A date field with a calendar that holds an instant: choosing another date keeps the instant's local time of day, as
+// LocalDay has it. A typed date is sent once, when it is complete. A plain QDateEdit holds a local date and sends whatever code sets.
+class DatePicker final : public QDateEdit {
+    Q_OBJECT
+
+public:
+    explicit DatePicker(QWidget *parent = nullptr);
+
+    // The instant, in UTC.
+    [[nodiscard]] QDateTime dateValue() const { return instant; }
+    // Never sends the action. An instant beyond the range of dates becomes the nearest one of its time of day; an
+    // invalid one changes nothing.
+    void setDateValue(const QDateTime &value);
+
+signals:
+    // The action: the user chose another date. dateValue() has it.
+    void dateChosen();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void openCalendar();
+    void choose(QDate date);
+
+    QDateTime instant;
+};

@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include "ui/foodsheet/ArrayController.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class FoodListModel;
+class QKeyEvent;
+class QLabel;
+namespace Ui {
+class AddFoodSheet;
+}
+
+// The sheet in which a person finds foods and adds them to the day's log, made for hands that stay on the keyboard: the
+// search field keeps the focus while the arrow and page keys move in the list, and whatever else is typed in a list
+// goes to the field. Enter adds what is chosen, Ctrl+Enter keeps it on the list "To be added" and clears the field for
+// the next food, so that a whole meal goes in at once.
+//
+// However it is closed, the sheet sends addSelectedFoods() and waits for its owner to close it by done(): Cancel, Esc
+// and the title bar's button only empty the selection first. What was typed and chosen is forgotten when the sheet
+// opens, not when it closes, for the owner asks what was chosen after closing it.
+//
+// The controls are made when the sheet first opens: a program that is only looked at never needs them, and until then
+// the sheet is a dialog with nothing in it.
+class AddFoodSheet final : public QDialog {
+    Q_OBJECT
+    Q_DISABLE_COPY_MOVE(AddFoodSheet)
+
+public:
+    explicit AddFoodSheet(QWidget *parent = nullptr);
+    ~AddFoodSheet() override;
+
+    // The foods offered and those chosen; owned by the sheet. Its content must be set before the sheet first opens.
+    [[nodiscard]] ArrayController *foodlistcontroller() { return &controller; }
+
+    // The foods of the day's log, which are marked: adding them again changes nothing. To be set before it opens.
+    void setFoodsInLog(const QStringList &names) { foodsinlog = names; }
+
+    void open() override;
+    void accept() override; // sends addSelectedFoods()
+    void reject() override; // chooses nothing and sends it
+
+signals:
+    // The owner adds what foodlistcontroller()->selectedObjects() says and closes the sheet by done(0).
+    void addSelectedFoods();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void makeControls();
+    void search(const QString &query);
+    void selectionChanged();
+    void keepFoods();
+    void removeFood();
+    void showFoodsToBeAdded();
+    void showCurrentFood();
+    void showChoice();
+    [[nodiscard]] QList<int> selectedRows() const; // ascending
+    bool fieldKeyPressed(QKeyEvent *event);
+    bool listKeyPressed(QObject *list, QKeyEvent *event);
+
+    ArrayController controller;
+    QStringList foodsinlog;
+    std::unique_ptr<Ui::AddFoodSheet> ui;
+    FoodListModel *foods = nullptr;
+    QLabel *nohitslabel = nullptr; // in the place of the list's rows
+};

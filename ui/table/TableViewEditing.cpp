@@ -1,0 +1,191 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+// What the keys and the mouse do in a table: the editor of the amounts and the menu of the units.
+
+#include "ui/table/PopUpButtonCell.h"
+#include "ui/table/RowSelectionModel.h"
+#include "ui/table/TableModel.h"
+#include "ui/table/TableView.h"
+
+#include <QActionGroup>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QMenu>
+
+#include <utility>
+
+namespace {
+
+Qt::KeyboardModifiers modifiersOf(const QKeyEvent *event)
+{
+    return event->modifiers() & ~Qt::KeypadModifier;
+}
+
+bool isClipboardKey(const QKeyEvent *event)
+{
+    return event->matches(QKeySequence::Copy) || event->matches(QKeySequence::Cut)
+        || event->matches(QKeySequence::Paste);
+}
+
+bool isDeselectKey(const QKeyEvent *event)
+{
+    return (event->key() == Qt::Key_Escape && modifiersOf(event) == Qt::NoModifier)
+        || (event->key() == Qt::Key_A && modifiersOf(event) == (Qt::ControlModifier | Qt::ShiftModifier));
+}
+
+bool isMenuKey(const QKeyEvent *event)
+{
+    return (event->key() == Qt::Key_Space && modifiersOf(event) == Qt::NoModifier)
+        || (event->key() == Qt::Key_Down && modifiersOf(event) == Qt::AltModifier);
+}
+
+bool isEditKey(const QKeyEvent *event)
+{
+    const int key = event->key();
+    return (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) && modifiersOf(event) == Qt::NoModifier;
+}
+
+// A key that begins a number; on some keyboards digits are typed with Shift.
+bool beginsNumber(const QKeyEvent *event)
+{
+    return event->text().size() == 1 && QStringView(u"0123456789.-").contains(event->text().front())
+        && (modifiersOf(event) & ~Qt::ShiftModifier) == Qt::NoModifier;
+}
+
+} // namespace
+
+void TableView::keyPressEvent(QKeyEvent *event)
+{
+    // Qt would put the current cell on the system clipboard. What these keys do is the menu's.
+    if (isClipboardKey(event))
+        return;
+    const QModelIndex current = currentIndex();
+    if (isDeselectKey(event)) {
+        event->setAccepted(rowselection->hasSelection());
+        rowselection->clearSelection();
+        return;
+    }
+    if (isMenuKey(event) && openMenu(current.siblingAtColumn(tablemodel->popUpColumn())))
+        return;
+    if (isEditKey(event) && editRow(current.row()))
+        return;
+    if (beginsNumber(event) && editRow(current.row())) {
+        QCoreApplication::sendEvent(openEditor(), event);
+        return;
+    }
+    QTableView::keyPressEvent(event);
+}
+
+void TableView::keyboardSearch(const QString & /*search*/) { }
+
+void TableView::mousePressEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (plain && index.isValid() && openMenu(index))
+        return;
+    QTableView::mousePressEvent(event);
+}
+
+void TableView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+    if (plain && index.isValid() && openMenu(index))
+        return;
+    QTableView::mouseDoubleClickEvent(event);
+    if (plain && index.isValid())
+        editRow(index.row());
+}
+
+bool TableView::endEditing()
+{
+    closeMenu();
+    QWidget *editor = openEditor();
+    if (editor == nullptr)
+        return false;
+    commitData(editor);
+    closeEditor(editor, QAbstractItemDelegate::NoHint);
+    return true;
+}
+
+void TableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    using Delegate = QAbstractItemDelegate;
+    const bool moves = hint == Delegate::EditNextItem || hint == Delegate::EditPreviousItem;
+    const int row = editing.row();
+    QTableView::closeEditor(editor, moves ? Delegate::NoHint : hint);
+    editing = QPersistentModelIndex();
+    if (std::exchange(delivered, false))
+        emit editingEnded();
+    if (!moves)
+        return;
+    const bool forward = hint == Delegate::EditNextItem;
+    if (!editRow(forward ? row + 1 : row - 1))
+        focusNextPrevChild(forward);
+}
+
+QWidget *TableView::openEditor() const
+{
+    return editing.isValid() ? indexWidget(editing) : nullptr;
+}
+
+// Opens the editor of a row's editable cell, its text selected. False when there is no such cell.
+bool TableView::editRow(int row)
+{
+    const QModelIndex index = tablemodel->index(row, tablemodel->editableColumn());
+    if (!index.isValid() || row >= tablemodel->sourceRowCount())
+        return false;
+    if (index != editing || openEditor() == nullptr) {
+        endEditing();
+        rowselection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        scrollTo(index);
+        edit(index);
+        editing = index;
+    }
+    return openEditor() != nullptr;
+}
+
+// Opens the menu of a pop-up cell, without waiting for it. False for any other cell.
+bool TableView::openMenu(const QModelIndex &index)
+{
+    if (!index.isValid() || index.row() >= tablemodel->sourceRowCount())
+        return false;
+    if (dynamic_cast<PopUpButtonCell *>(tablemodel->cell(index.column())) == nullptr)
+        return false;
+    endEditing();
+    rowselection->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+    scrollTo(index);
+
+    // The items are taken out of the cell: painting another row rebuilds it while the menu is open.
+    const auto &cell = static_cast<PopUpButtonCell &>(tablemodel->prepareCell(index.row(), index.column()));
+    menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(tablemodel->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
+    auto *group = new QActionGroup(menu);
+    for (const MenuItemUnit &item : cell.items()) {
+        QAction *action = menu->addAction(QString(item.title()).replace(u'&', QStringLiteral("&&")));
+        action->setCheckable(true);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [item] {
+            if (item.action)
+                item.action(item);
+        });
+    }
+    const QList<QAction *> actions = menu->actions();
+    QAction *chosen = actions.value(cell.indexOfSelectedItem());
+    if (chosen != nullptr)
+        chosen->setChecked(true);
+    const QRect area = visualRect(index);
+    menu->setMinimumWidth(area.width());
+    menu->popup(viewport()->mapToGlobal(area.bottomLeft()));
+    menu->setActiveAction(chosen);
+    return true;
+}
+
+void TableView::closeMenu()
+{
+    if (menu != nullptr)
+        menu->close();
+}
