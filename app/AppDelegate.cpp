@@ -3,8 +3,8 @@
 
 #include "app/AppDelegate.h"
 
+#include "app/SettingsKeys.h"
 #include "catalog/FoodCatalogue.h"
-#include "model/StoredValues.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/foodsheet/ArrayController.h"
@@ -46,10 +46,10 @@ void AppDelegate::applicationWillTerminate()
         values.append(rdas[i]);
         changed.append(rdaschanged.test(i));
     }
-    prefs->setObject(values, StoredValues::rdaskey, changed);
+    prefs->setObject(values, SettingsKeys::RDAs, changed);
     if (!curdate.isValid())
         return;
-    prefs->setObject(curdate, QStringLiteral("LastDate"));
+    prefs->setObject(curdate, SettingsKeys::LastDate);
     saveDay();
 }
 

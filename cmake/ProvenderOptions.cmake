@@ -19,6 +19,14 @@ target_compile_definitions(provender_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+# provender_rooms(<target>...): targets whose includes tst_layers holds against their link lines.
+function(provender_rooms)
+  foreach(room IN LISTS ARGN)
+    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/rooms/${room} CONTENT
+      "$<TARGET_PROPERTY:${room},SOURCE_DIR>\n$<TARGET_PROPERTY:${room},SOURCES>\n$<TARGET_PROPERTY:${room},LINK_LIBRARIES>\n")
+  endforeach()
+endfunction()
+
 # provender_library(<name> SOURCES <file>... [FORMS <form>...] USES <target>...): one room as a static library.
 function(provender_library name)
   cmake_parse_arguments(arg "" "" "SOURCES;FORMS;USES" ${ARGN})
@@ -30,4 +38,5 @@ function(provender_library name)
   add_library(${name} STATIC ${arg_SOURCES} ${headers})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
   target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE provender_options)
+  provender_rooms(${name})
 endfunction()

@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "model/DaySums.h"
 #include "ui/table/TableView.h"
 
 // Every sum is one float operation at a time, in the order written: the last bits depend on it, and are part of what
@@ -12,11 +13,10 @@
 // stay.
 void AppDelegate::addEntry(Food &food)
 {
-    for (std::size_t i = 0; i < nutrients.size(); ++i) {
-        const float amount = food.getAmountOfNutrient(static_cast<int>(i));
-        nutrientstotal[i] = nutrientstotal[i] + amount;
-        nutrients[i].push_back(amount);
-    }
+    const DaySums::Amounts amounts = DaySums::amountsOf(food);
+    DaySums::add(nutrientstotal, amounts);
+    for (std::size_t i = 0; i < nutrients.size(); ++i)
+        nutrients[i].push_back(amounts[i]);
 }
 
 // Takes an entry that is about to be removed out of the totals by the amounts stored in the columns. An edit, unlike
@@ -33,22 +33,20 @@ void AppDelegate::subtractStoredEntry(int row)
 // read.
 void AppDelegate::subtractRecomputedEntry(int row)
 {
-    Food &food = *foods[static_cast<std::size_t>(row)];
+    const DaySums::Amounts amounts = DaySums::amountsOf(*foods[static_cast<std::size_t>(row)]);
     for (std::size_t i = 0; i < nutrients.size(); ++i) {
         nutrientsselected[i] = 0.0F;
-        nutrientstotal[i] = nutrientstotal[i] - food.getAmountOfNutrient(static_cast<int>(i));
+        nutrientstotal[i] = nutrientstotal[i] - amounts[i];
     }
 }
 
 // Puts an edited entry's new amounts into the totals and the columns.
 void AppDelegate::replaceEntry(int row)
 {
-    Food &food = *foods[static_cast<std::size_t>(row)];
-    for (std::size_t i = 0; i < nutrients.size(); ++i) {
-        const float amount = food.getAmountOfNutrient(static_cast<int>(i));
-        nutrientstotal[i] = nutrientstotal[i] + amount;
-        nutrients[i][static_cast<std::size_t>(row)] = amount;
-    }
+    const DaySums::Amounts amounts = DaySums::amountsOf(*foods[static_cast<std::size_t>(row)]);
+    DaySums::add(nutrientstotal, amounts);
+    for (std::size_t i = 0; i < nutrients.size(); ++i)
+        nutrients[i][static_cast<std::size_t>(row)] = amounts[i];
 }
 
 void AppDelegate::clearSums()

@@ -3,7 +3,7 @@
 
 #include "app/AppDelegate.h"
 
-#include "model/StoredValues.h"
+#include "model/StoredDay.h"
 #include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
 #include "ui/datepicker/DatePicker.h"
@@ -46,7 +46,7 @@ void AppDelegate::loadDay(const QString &key)
     const QVariant stored = prefs->objectForKey(key);
     if (stored.isValid() && stored.typeId() != QMetaType::QVariantList)
         prefs->keepUnread(key);
-    StoredValues::Day day = StoredValues::day(stored);
+    StoredDay day = StoredDay::of(stored);
     for (Food &food : day.foods)
         addFoodPriv(std::make_shared<Food>(std::move(food)));
     unreadfoods = day.unread;
@@ -57,7 +57,7 @@ std::vector<AppDelegate::FoodPointer> AppDelegate::keptFoods() const
     std::vector<FoodPointer> kept;
     const QVariantList copies = prefs->unreadObjectsForKey(LocalDay::key(curdate));
     for (const QVariant &copy : copies) {
-        StoredValues::Day day = StoredValues::day(copy);
+        StoredDay day = StoredDay::of(copy);
         for (Food &food : day.foods) {
             if (!holdsName(foods, food.name()) && !holdsName(kept, food.name()))
                 kept.push_back(std::make_shared<Food>(std::move(food)));

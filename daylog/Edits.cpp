@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "app/SettingsKeys.h"
 #include "model/FoodRecord.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
@@ -28,7 +29,7 @@ void AppDelegate::updateUnit(const MenuItemUnit &item)
     const int row = item.tag();
     Food &food = *foods[static_cast<std::size_t>(row)];
     subtractRecomputedEntry(row);
-    food.setUnit(item.title(), item.idx(), prefs->boolForKey(QStringLiteral("RecalculateAmount")));
+    food.setUnit(item.title(), item.idx(), prefs->boolForKey(SettingsKeys::RecalculateAmount));
     curdatefoods[row] = FoodRecord::archivedDataWithRootObject(food);
     logtable->deselectAll(); // after the change and before the new amounts are added
     replaceEntry(row);

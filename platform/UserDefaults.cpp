@@ -9,6 +9,8 @@
 #include <QDir>
 #include <QFile>
 
+#include <algorithm>
+
 namespace {
 
 UserDefaults *replacement = nullptr;
@@ -119,6 +121,18 @@ QVariant UserDefaults::objectForKey(const QString &key) const
         joined.remove(key);
     known.insert(key, form);
     return value ? *value : registered.value(key);
+}
+
+QStringList UserDefaults::storedKeys() const
+{
+    // Both come in the same order: that of UTF-16 differs only beyond the 65,536 characters that no key of ours has.
+    QStringList keys = store.keys().value_or(QStringList());
+    for (auto each = pending.constBegin(); each != pending.constEnd(); ++each) {
+        const auto place = std::lower_bound(keys.begin(), keys.end(), each.key());
+        if (place == keys.end() || *place != each.key())
+            keys.insert(place, each.key());
+    }
+    return keys;
 }
 
 bool UserDefaults::boolForKey(const QString &key) const

@@ -206,12 +206,12 @@ private slots:
             locked.unlock();
             locked.run.terminate();
         }
-        const QVariantList values = log->stored(StoredValues::rdaskey).toList();
+        const QVariantList values = log->stored(SettingsKeys::RDAs).toList();
         QCOMPARE(values.size(), 61);
         QTEST(values.at(0).toDouble(), "energy");
         QTEST(values.at(1).toDouble(), "carbs");
         QTEST(values.at(6).toDouble(), "alcohol");
-        QVERIFY(!log->stored(unread(StoredValues::rdaskey)).isValid());
+        QVERIFY(!log->stored(unread(SettingsKeys::RDAs)).isValid());
     }
 
     void anyOtherValueThatCouldNotBeReadIsKeptInACopy()

@@ -4,11 +4,12 @@
 #include "ui/MainInterface.h"
 
 #include "app/AppDelegate.h"
+#include "app/SettingsKeys.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
+#include "ui/PreferencesSheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/table/PopUpButtonCell.h"
-#include "ui/PreferencesSheet.h"
 #include "ui/table/TextFieldCellRDA.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
@@ -23,9 +24,6 @@
 #include <utility>
 
 namespace {
-
-const QString geometrykey = QStringLiteral("WindowGeometry");
-const QString splitterskey = QStringLiteral("WindowSplitters");
 
 TableView::Column column(const QString &identifier, const QString &title, std::unique_ptr<TableCell> cell)
 {
@@ -204,8 +202,8 @@ void MainInterface::connectPreferences()
         controller.RDAtick(); // what was typed and not set is discarded
         controller.updateNutrients(); // a reset shows now
     });
-    connectSetting(prefs->recalculateamount, QStringLiteral("RecalculateAmount"));
-    connectSetting(prefs->rememberdate, QStringLiteral("RememberDate"));
+    connectSetting(prefs->recalculateamount, SettingsKeys::RecalculateAmount);
+    connectSetting(prefs->rememberdate, SettingsKeys::RememberDate);
     for (QCheckBox *box : {main->usep, prefs->prefsusep})
         connect(box, &QAbstractButton::clicked, this, &MainInterface::setUseP);
 }
@@ -218,7 +216,7 @@ void MainInterface::connectSetting(QCheckBox *box, const QString &key)
 
 void MainInterface::setUseP(bool percentages)
 {
-    UserDefaults::standardUserDefaults().setObject(percentages, QStringLiteral("UseP"));
+    UserDefaults::standardUserDefaults().setObject(percentages, SettingsKeys::UseP);
     main->usep->setChecked(percentages);
     prefs->prefsusep->setChecked(percentages);
     controller.updateNutrients();
@@ -227,11 +225,11 @@ void MainInterface::setUseP(bool percentages)
 void MainInterface::showSettings()
 {
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    const bool percentages = store.boolForKey(QStringLiteral("UseP"));
+    const bool percentages = store.boolForKey(SettingsKeys::UseP);
     main->usep->setChecked(percentages);
     prefs->prefsusep->setChecked(percentages);
-    prefs->recalculateamount->setChecked(store.boolForKey(QStringLiteral("RecalculateAmount")));
-    prefs->rememberdate->setChecked(store.boolForKey(QStringLiteral("RememberDate")));
+    prefs->recalculateamount->setChecked(store.boolForKey(SettingsKeys::RecalculateAmount));
+    prefs->rememberdate->setChecked(store.boolForKey(SettingsKeys::RememberDate));
 }
 
 void MainInterface::showKept()
@@ -249,8 +247,8 @@ void MainInterface::show()
     showSettings();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    window->restoreGeometry(store.objectForKey(geometrykey).toByteArray());
-    if (!main->splitter->restoreState(store.objectForKey(splitterskey).toByteArray()))
+    window->restoreGeometry(store.objectForKey(SettingsKeys::WindowGeometry).toByteArray());
+    if (!main->splitter->restoreState(store.objectForKey(SettingsKeys::WindowSplitters).toByteArray()))
         main->splitter->setSizes({660, 400});
     window->show();
 }
@@ -270,8 +268,8 @@ void MainInterface::endEditing()
 
 void MainInterface::saveWindowState(UserDefaults &store) const
 {
-    store.setObject(window->saveGeometry(), geometrykey);
-    store.setObject(main->splitter->saveState(), splitterskey);
+    store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
+    store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)

@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "app/SettingsKeys.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/table/TableView.h"
@@ -17,7 +18,7 @@ QString AppDelegate::nutrientValue(const QString &column, int row) const
     if (column == QStringLiteral("Name"))
         return QStringLiteral("   ") + nutdata[row];
     if (column == QStringLiteral("Amount"))
-        return prefs->boolForKey(QStringLiteral("UseP")) ? percentText(row) : amountText(row);
+        return prefs->boolForKey(SettingsKeys::UseP) ? percentText(row) : amountText(row);
     return {};
 }
 

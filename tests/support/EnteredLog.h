@@ -3,7 +3,8 @@
 
 #pragma once
 
-#include "model/StoredValues.h"
+#include "app/SettingsKeys.h"
+#include "model/StoredDay.h"
 #include "tests/support/Run.h"
 #include "tests/support/StoreHome.h"
 
@@ -24,7 +25,7 @@ public:
     [[nodiscard]] static QString entriesOf(const QVariant &list)
     {
         QStringList entries;
-        const StoredValues::Day contents = StoredValues::day(list);
+        const StoredDay contents = StoredDay::of(list);
         for (const Food &food : contents.foods)
             entries.append(food.name().value_or(QString()) + u' ' + QString::number(double(food.curamount())));
         return entries.join(QStringLiteral(", "));

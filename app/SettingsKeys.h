@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QString>
+
+// Every key of the store but the days', which LocalDay names. What each holds is in docs/formats.md.
+namespace SettingsKeys {
+
+// Registered, and never read.
+inline const QString FirstLaunch = QStringLiteral("FirstLaunch");
+inline const QString ShowXNutrients = QStringLiteral("ShowXNutrients");
+
+// Flags with registered defaults.
+inline const QString RememberDate = QStringLiteral("RememberDate");
+inline const QString UseP = QStringLiteral("UseP");
+inline const QString RecalculateAmount = QStringLiteral("RecalculateAmount");
+
+// Written at shutdown; none has a registered default.
+inline const QString LastDate = QStringLiteral("LastDate");
+inline const QString RDAs = QStringLiteral("RDAs");
+inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
+inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
+
+} // namespace SettingsKeys

@@ -1,0 +1,26 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "model/DaySums.h"
+
+DaySums::Amounts DaySums::amountsOf(Food &food)
+{
+    Amounts amounts{};
+    for (std::size_t i = 0; i < amounts.size(); ++i)
+        amounts[i] = food.getAmountOfNutrient(static_cast<int>(i));
+    return amounts;
+}
+
+void DaySums::add(Amounts &sums, const Amounts &amounts)
+{
+    for (std::size_t i = 0; i < sums.size(); ++i)
+        sums[i] = sums[i] + amounts[i];
+}
+
+DaySums::Amounts DaySums::of(std::vector<Food> &foods)
+{
+    Amounts sums{};
+    for (Food &food : foods)
+        add(sums, amountsOf(food));
+    return sums;
+}
