@@ -9,8 +9,6 @@
 #include <QDir>
 #include <QFile>
 
-#include <algorithm>
-
 namespace {
 
 UserDefaults *replacement = nullptr;
@@ -125,13 +123,9 @@ QVariant UserDefaults::objectForKey(const QString &key) const
 
 QStringList UserDefaults::storedKeys() const
 {
-    // Both come in the same order: that of UTF-16 differs only beyond the 65,536 characters that no key of ours has.
-    QStringList keys = store.keys().value_or(QStringList());
-    for (auto each = pending.constBegin(); each != pending.constEnd(); ++each) {
-        const auto place = std::lower_bound(keys.begin(), keys.end(), each.key());
-        if (place == keys.end() || *place != each.key())
-            keys.insert(place, each.key());
-    }
+    QStringList keys = store.keys().value_or(QStringList()) + pending.keys();
+    keys.removeDuplicates();
+    keys.sort();
     return keys;
 }
 

@@ -50,8 +50,8 @@ public:
     // What a key without a stored value has. Never written; a second registration adds to the first.
     void registerDefaults(const QVariantMap &defaults);
 
-    // Every key that has a pending or stored value, each once, in the order of their UTF-8; the pending ones alone when
-    // the store cannot be read.
+    // Every key that has a pending or stored value, sorted, each once; the pending ones alone when the store cannot
+    // be read.
     [[nodiscard]] QStringList storedKeys() const;
 
     // The pending or stored value, else the registered one, else an invalid variant.

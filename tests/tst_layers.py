@@ -18,7 +18,7 @@ for record in graph.iterdir():
     links[record.name] = set(linked.split(";"))
     for source in filter(None, sources.split(";")):
         path = (pathlib.Path(folder) / source).resolve()
-        if path.is_relative_to(top) and path.suffix in (".h", ".cpp"):
+        if path.suffix in (".h", ".cpp") and path.is_relative_to(top) and not path.is_relative_to(graph.parent):
             owner[path] = record.name
 
 faults = []
