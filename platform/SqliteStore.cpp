@@ -6,15 +6,8 @@
 #include "platform/SqliteStatement.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <sqlite3.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -23,42 +16,6 @@ constexpr qint64 storeVersion = 1;
 constexpr int patience = 1000;
 
 constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
-
-void syncFolder(const QString &folder)
-{
-    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle >= 0) {
-        ::fsync(handle); // a file system that cannot do it has no better way either
-        ::close(handle);
-    }
-}
-
-// The folder and those above it, each for its owner alone, as far as they are missing.
-bool makeFolder(const QString &folder)
-{
-    const QByteArray name = QFile::encodeName(folder);
-    const QString parent = QFileInfo(folder).path();
-    if (::mkdir(name.constData(), 0700) != 0) {
-        if (errno == EEXIST)
-            return true;
-        if (errno != ENOENT || parent == folder || !makeFolder(parent) || ::mkdir(name.constData(), 0700) != 0)
-            return false;
-    }
-    syncFolder(parent);
-    return true;
-}
-
-// What the name stands for, without its times: a file whose times were looked at gets a new one with its next write,
-// and a save, which has to put that on the disk too, then takes a quarter longer.
-bool look(const QByteArray &name, struct statx &status)
-{
-    return ::statx(AT_FDCWD, name.constData(), 0, STATX_TYPE | STATX_INO | STATX_SIZE, &status) == 0;
-}
-
-SqliteStore::Identity identityOf(const struct statx &status)
-{
-    return {status.stx_dev_major, status.stx_dev_minor, status.stx_ino};
-}
 
 } // namespace
 
@@ -81,16 +38,14 @@ SqliteStore::State SqliteStore::open()
 {
     if (database != nullptr)
         return State::Ready;
-    const QByteArray name = QFile::encodeName(path);
-    struct statx status { };
-    if (!look(name, status))
-        return errno == ENOENT ? State::Missing : State::Unavailable;
-    if (!S_ISREG(status.stx_mode))
-        return State::Unavailable;
-    if (status.stx_size == 1) // SQLite takes a file of one byte for an empty one
+    const StoreFile::Look file = StoreFile::look(path);
+    if (file.kind != StoreFile::Look::Kind::Regular)
+        return file.kind == StoreFile::Look::Kind::Missing ? State::Missing : State::Unavailable;
+    if (file.size == 1) // SQLite takes a file of one byte for an empty one
         return setAside() ? State::Missing : State::Unavailable;
-    identity = identityOf(status);
-    int result = sqlite3_open_v2(name.constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    identity = file.identity;
+    int result = sqlite3_open_v2(
+        QFile::encodeName(path).constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, haswaited ? 0 : patience);
         result = examine();
@@ -132,25 +87,10 @@ int SqliteStore::examine()
     return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
-bool SqliteStore::create() const
-{
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!makeFolder(folder))
-        return false;
-    // SQLite would let everybody read the file. The journal takes the file's mode.
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return false;
-    ::close(file);
-    syncFolder(folder);
-    return true;
-}
-
 // SQLite, which keeps its journal open, does not notice that somebody took the file away or put another in its place.
 bool SqliteStore::isReplaced() const
 {
-    struct statx status { };
-    return !look(QFile::encodeName(path), status) || identityOf(status) != identity;
+    return StoreFile::look(path).identity != identity;
 }
 
 bool SqliteStore::isUnusable(int result)
@@ -174,22 +114,7 @@ bool SqliteStore::isUnusable(int result)
 bool SqliteStore::setAside()
 {
     close();
-    // The journal comes before the store: it would be played back into the next one of this name.
-    const QStringList parts = {QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm"), QString()};
-    const auto isTaken = [&parts](const QString &name) {
-        return std::any_of(parts.begin(), parts.end(), [&name](const QString &part) {
-            return QFileInfo(name + part).isSymLink() || QFileInfo::exists(name + part);
-        });
-    };
-    QString aside = path + QStringLiteral(".unusable");
-    for (int number = 2; isTaken(aside); ++number)
-        aside = path + QStringLiteral(".unusable-%1").arg(number);
-    for (const QString &part : parts) {
-        if (QFileInfo::exists(path + part) && !QFile::rename(path + part, aside + part))
-            return false;
-    }
-    syncFolder(QFileInfo(path).absolutePath());
-    return true;
+    return StoreFile::setAside(path);
 }
 
 SqliteStore::Value SqliteStore::read(const QString &key)
@@ -228,7 +153,7 @@ bool SqliteStore::write(const QList<Change> &changes)
     bool again = database != nullptr;
     for (int attempt = 0; attempt < 2; ++attempt) {
         State state = open();
-        if (state == State::Missing && create())
+        if (state == State::Missing && StoreFile::create(path))
             state = open();
         if (state != State::Ready)
             return false;

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "platform/StoreFile.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -38,14 +40,6 @@ public:
         bool keepformer = false;
     };
 
-    // A file, by whatever name.
-    struct Identity {
-        quint32 major = 0;
-        quint32 minor = 0;
-        quint64 inode = 0;
-        bool operator==(const Identity &) const = default;
-    };
-
     // Unavailable means that nobody can tell now whether there is a value.
     [[nodiscard]] Value read(const QString &key);
     // All of the changes or none; false when none was made.
@@ -56,7 +50,6 @@ private:
 
     State open();
     int examine();
-    bool create() const;
     [[nodiscard]] bool isReplaced() const;
     void close();
     [[nodiscard]] bool isUnusable(int result);
@@ -71,6 +64,6 @@ private:
     QString path;
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
-    Identity identity; // the file that is open, whatever its name
+    StoreFile::Identity identity; // the file that is open, whatever its name
     bool haswaited = false; // a read that met a lock waited for it once
 };
