@@ -15,6 +15,10 @@ constexpr qint64 storeVersion = 1;
 // How long another process's lock is waited for: long enough for the save of a program that is just ending.
 constexpr int patience = 1000;
 
+// Where the file says for which version of the format it may be written, and the newest one that SQLite writes.
+constexpr int writeVersionAt = 18;
+constexpr unsigned char newestWriteVersion = 2;
+
 constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
 
 } // namespace
@@ -49,6 +53,8 @@ SqliteStore::State SqliteStore::open()
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, haswaited ? 0 : patience);
         result = examine();
+        if (result == SQLITE_ERROR)
+            result = SQLITE_NOTADB;
     }
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, patience);
@@ -61,7 +67,8 @@ SqliteStore::State SqliteStore::open()
     return State::Unavailable;
 }
 
-// Sets the connection up and looks whether the file is a store; SQLITE_NOTADB when it is surely none.
+// Sets the connection up and looks whether the file is a store; SQLITE_NOTADB when it is surely none, SQLITE_ERROR when
+// its schema or its format is not ours.
 int SqliteStore::examine()
 {
     // The temporary store is memory so that no file but the store and its journal is ever written.
@@ -82,8 +89,6 @@ int SqliteStore::examine()
         return SQLITE_OK;
     SqliteStatement probe(database, valueQuery);
     const int result = probe.step();
-    if (result == SQLITE_ERROR)
-        return SQLITE_NOTADB; // the table lacks the columns
     return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
 }
 
@@ -97,7 +102,7 @@ bool SqliteStore::isUnusable(int result)
 {
     if (result == SQLITE_NOTADB)
         return true;
-    if (result != SQLITE_CORRUPT)
+    if (result != SQLITE_CORRUPT && result != SQLITE_MISMATCH)
         return false;
     // Judged on a new connection: what this one has in memory may be of a save that broke off, or of what the file held
     // before something else was written over it. One that cannot be opened tells nothing.
@@ -149,35 +154,54 @@ bool SqliteStore::write(const QList<Change> &changes)
     if (database != nullptr && isReplaced())
         close();
     // A connection that has been open for long may have lost its file, or hold on to an error that is over: what fails
-    // on such a one is tried once more on a new one.
-    bool again = database != nullptr;
-    for (int attempt = 0; attempt < 2; ++attempt) {
+    // on such a one is tried once more on a new one, and once more in a new file when the former was set aside.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        const bool isnew = database == nullptr;
         State state = open();
         if (state == State::Missing && StoreFile::create(path))
             state = open();
         if (state != State::Ready)
             return false;
-        const int result = commit(changes);
+        int result = commit(changes);
         if (result == SQLITE_OK)
             return true;
+        if (isRefusal(result, isnew))
+            result = SQLITE_NOTADB;
         const bool isaside = isUnusable(result) && setAside();
         close();
-        again = isaside || (again && result != SQLITE_BUSY);
-        if (!again)
+        if (!isaside && (isnew || result == SQLITE_BUSY))
             return false;
     }
     return false;
 }
 
+// Whether the file can be read and will never be written, whoever tries: a view in place of the table, a table without
+// a unique key, one with another column to fill or a trigger against it, a header that forbids it. Statements that a
+// new connection refuses would be refused again; what is read-only for its permissions is another matter.
+bool SqliteStore::isRefusal(int result, bool isnew)
+{
+    if (result == SQLITE_READONLY) {
+        // Through SQLite: to close the file after reading it ourselves would take its locks away.
+        sqlite3_file *file = nullptr;
+        unsigned char version = 0;
+        return sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK
+            && file->pMethods->xRead(file, &version, 1, writeVersionAt) == SQLITE_OK && version > newestWriteVersion;
+    }
+    return isnew && (result == SQLITE_ERROR || result == SQLITE_CONSTRAINT || result == SQLITE_MISMATCH);
+}
+
 int SqliteStore::commit(const QList<Change> &changes)
 {
+    written.clear();
     int result = execute("BEGIN IMMEDIATE");
     if (result == SQLITE_OK)
         result = apply(changes);
     if (result == SQLITE_OK)
         result = execute("COMMIT");
-    if (result == SQLITE_OK)
+    if (result == SQLITE_OK) {
         hastable = true;
+        result = readBack();
+    }
     return result; // a failed one is rolled back when its connection is closed, and it always is
 }
 
@@ -195,6 +219,22 @@ int SqliteStore::apply(const QList<Change> &changes)
             result = put(change.key, change.value);
         if (result != SQLITE_OK)
             return result;
+    }
+    return SQLITE_OK;
+}
+
+// Damage that no read has met may still lead a save astray, over other values or to where no search finds it. What is
+// in memory would not tell, so it is dropped first. SQLITE_MISMATCH when something is not there as it was written.
+int SqliteStore::readBack()
+{
+    sqlite3_db_release_memory(database);
+    for (auto value = written.constBegin(); value != written.constEnd(); ++value) {
+        SqliteStatement query(database, valueQuery);
+        const int result = query.bind(1, value.key()).step();
+        if (result != SQLITE_ROW && result != SQLITE_DONE)
+            return result;
+        if (result == SQLITE_DONE || query.blob(0) != *value)
+            return SQLITE_MISMATCH;
     }
     return SQLITE_OK;
 }
@@ -225,6 +265,7 @@ int SqliteStore::put(const QString &key, const QByteArray &value)
     SqliteStatement statement(database,
         "INSERT INTO defaults(key, value) VALUES(?1, ?2) ON CONFLICT(key) DO UPDATE SET value = excluded.value");
     const int result = statement.bind(1, key).bind(2, value).step();
+    written.insert(key, value);
     return result == SQLITE_DONE ? SQLITE_OK : result;
 }
 

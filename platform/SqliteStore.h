@@ -6,20 +6,23 @@
 #include "platform/StoreFile.h"
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QString>
 
 struct sqlite3;
 
 // Keys and byte values in one SQLite file, "defaults(key, value)": a key is looked up and replaced in the same time
-// however long the history is, and every write is a transaction that is on the disk when write() returns.
+// however long the history is, and every write is a transaction that is on the disk, and was read back from there, when
+// write() returns.
 //
 // The file is opened at the first read or write and belongs to this process until the object goes (exclusive locking).
 // Opening writes nothing. A missing file, with its folders, is created by the first write.
 //
-// A file that is surely not usable (no database, damaged by the verdict of an integrity check, of a newer version, or
-// with another program's table) is renamed to "<path>.unusable" or the first free "<path>.unusable-<n>", its journal
-// with it, and counts as missing from then on. Every other trouble leaves it where it is and is tried again later: a
+// A file that is surely not usable (no database, damaged by the verdict of an integrity check, of a newer version or
+// format, with another program's table, or one that can be read and never written) is renamed to "<path>.unusable" or
+// the first free "<path>.unusable-<n>", its journal with it, and counts as missing from then on; what was to be written
+// goes to a new one. Every other trouble leaves it where it is and is tried again later: a
 // lock, a full disk, an input or output error, a permission, want of memory.
 class SqliteStore final {
 public:
@@ -55,8 +58,11 @@ private:
     [[nodiscard]] bool isUnusable(int result);
     bool setAside();
 
+    [[nodiscard]] bool isRefusal(int result, bool isnew);
+
     int commit(const QList<Change> &changes);
     int apply(const QList<Change> &changes);
+    int readBack();
     int keepFormer(const QString &key);
     int put(const QString &key, const QByteArray &value);
     int execute(const char *sql);
@@ -65,5 +71,6 @@ private:
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
     StoreFile::Identity identity; // the file that is open, whatever its name
+    QHash<QString, QByteArray> written; // by the last transaction
     bool haswaited = false; // a read that met a lock waited for it once
 };
