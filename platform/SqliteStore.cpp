@@ -45,6 +45,7 @@ SqliteStore::State SqliteStore::open()
     const StoreFile::Look file = StoreFile::look(path);
     if (file.kind != StoreFile::Look::Kind::Regular)
         return file.kind == StoreFile::Look::Kind::Missing ? State::Missing : State::Unavailable;
+    StoreFile::makePrivate(path);
     if (file.size == 1) // SQLite takes a file of one byte for an empty one
         return setAside() ? State::Missing : State::Unavailable;
     identity = file.identity;
@@ -95,7 +96,8 @@ int SqliteStore::examine()
 // SQLite, which keeps its journal open, does not notice that somebody took the file away or put another in its place.
 bool SqliteStore::isReplaced() const
 {
-    return StoreFile::look(path).identity != identity;
+    const StoreFile::Look file = StoreFile::look(path);
+    return file.kind != StoreFile::Look::Kind::Regular || file.identity != identity;
 }
 
 bool SqliteStore::isUnusable(int result)

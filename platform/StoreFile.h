@@ -20,20 +20,28 @@ struct Identity {
 
 struct Look {
     enum class Kind { Missing, Regular, Other };
-    Kind kind = Kind::Other; // also when nobody can tell
+    Kind kind = Kind::Other; // also when nobody can tell, or when a journal beside it is no regular file
     qint64 size = 0;
     Identity identity;
 };
 
+// provender/preferences.sqlite in the user's data folder: $XDG_DATA_HOME, else ~/.local/share, where ~ is $HOME, else
+// the password file's home folder. A variable that is no absolute path, or no text, counts as unset.
+[[nodiscard]] QString standardPath();
+
 // What the path leads to.
 [[nodiscard]] Look look(const QString &path);
+
+// Takes the file, and the folder it is in when that is our own, away from everybody but their owner, if that is the
+// user. What links lead to is not our folder.
+void makePrivate(const QString &path);
 
 // An empty file for its owner alone, with the folders that are missing, on the disk; false when that cannot be. A file
 // that is there stays as it is.
 [[nodiscard]] bool create(const QString &path);
 
-// Renames the file to "<path>.unusable" or the first free "<path>.unusable-<n>", its journals with it; false when it is
-// still in its place.
+// Renames the file to "<path>.unusable" or the first free "<path>.unusable-<n>", its journals with it; nothing is ever
+// replaced or copied. False when it is still in its place.
 [[nodiscard]] bool setAside(const QString &path);
 
 } // namespace StoreFile

@@ -4,8 +4,7 @@
 #include "platform/UserDefaults.h"
 
 #include "platform/PropertyList.h"
-
-#include <QDir>
+#include "platform/StoreFile.h"
 
 namespace {
 
@@ -77,10 +76,7 @@ void UserDefaults::setStandardUserDefaults(UserDefaults *defaults)
 
 QString UserDefaults::standardStorePath()
 {
-    QString folder = qEnvironmentVariable("XDG_DATA_HOME");
-    if (!folder.startsWith(u'/')) // a relative path is to be ignored
-        folder = QDir::homePath() + QStringLiteral("/.local/share");
-    return folder + QStringLiteral("/provender/preferences.sqlite");
+    return StoreFile::standardPath();
 }
 
 void UserDefaults::registerDefaults(const QVariantMap &defaults)
