@@ -308,21 +308,6 @@ private slots:
         UserDefaults::setStandardUserDefaults(nullptr);
         QCOMPARE(UserDefaults::standardUserDefaults().storePath(), UserDefaults::standardStorePath());
     }
-
-    void theStandardStoreIsInTheUsersDataFolder()
-    {
-        const QByteArray former = qgetenv("XDG_DATA_HOME");
-        const QString fallback = QDir::homePath() + QStringLiteral("/.local/share/provender/preferences.sqlite");
-        qputenv("XDG_DATA_HOME", "/data/of/mine");
-        QCOMPARE(UserDefaults::standardStorePath(), QStringLiteral("/data/of/mine/provender/preferences.sqlite"));
-        qputenv("XDG_DATA_HOME", "relative/folder");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qputenv("XDG_DATA_HOME", "");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qunsetenv("XDG_DATA_HOME");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qputenv("XDG_DATA_HOME", former);
-    }
 };
 
 QTEST_GUILESS_MAIN(UserDefaultsTest)
