@@ -306,20 +306,25 @@ private slots:
     {
         home = std::make_unique<ProgramHome>(); // without a store
         const QStringList before = home->contents();
+        const QStringList folders = {QStringLiteral("data"), QStringLiteral("data/provender")};
         Program run(program, *home, server.get());
         run.process.setChildProcessModifier([] { ::umask(0); });
         QVERIFY(run.startShown());
-        QCOMPARE(home->contents(), before); // a start writes nothing
+        // A start makes no store.
+        QStringList running = before + folders + QStringList(QStringLiteral("data/provender/instance.socket"));
+        running.sort();
+        QCOMPARE(home->contents(), running);
+        struct stat status = {};
+        QCOMPARE(
+            ::stat(qPrintable(QFileInfo(home->storePath()).path() + QStringLiteral("/instance.socket")), &status), 0);
+        QCOMPARE(status.st_mode & 07777, 0600U);
         addFood(run);
         server->press({QStringLiteral("alt+Right"), QStringLiteral("ctrl+q")});
         QCOMPARE(run.waitForEnd(), 0);
         QCOMPARE(run.output(), QByteArray());
-        QStringList after = before;
-        after << QStringLiteral("data") << QStringLiteral("data/provender")
-              << QStringLiteral("data/provender/preferences.sqlite");
+        QStringList after = before + folders + QStringList(QStringLiteral("data/provender/preferences.sqlite"));
         after.sort();
         QCOMPARE(home->contents(), after);
-        struct stat status = {};
         QCOMPARE(::stat(qPrintable(home->storePath()), &status), 0);
         QCOMPARE(status.st_mode & 07777, 0600U);
         QCOMPARE(::stat(qPrintable(QFileInfo(home->storePath()).path()), &status), 0);
