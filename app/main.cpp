@@ -11,6 +11,8 @@
 #include <QIcon>
 #include <QSessionManager>
 
+#include <csignal>
+
 namespace {
 
 // Saves what the program ends with and where its window stood. One transaction, so that no part of it stands alone.
@@ -26,6 +28,8 @@ void save(AppDelegate &controller, const MainInterface &interface, UserDefaults 
 
 int main(int argc, char **argv)
 {
+    // Before anything is printed: what a library has to say must not end the program when nobody reads it any more.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("provender"));
     QApplication::setApplicationDisplayName(QStringLiteral("Provender"));

@@ -5,8 +5,10 @@
 
 #include <QtTest>
 
+#include <array>
 #include <csignal>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -241,6 +243,37 @@ private slots:
         QCOMPARE(run.waitForEnd(), 0);
         QCOMPARE(writes(), lastSave());
         QCOMPARE(home->entries(day).size(), 3);
+    }
+
+    void aSignalThatWasIgnoredAtTheStartStaysSo()
+    {
+        Program run(program, *home);
+        run.process.setChildProcessModifier([] { std::signal(SIGHUP, SIG_IGN); });
+        run.start();
+        QTRY_VERIFY(run.hearsSignals());
+        QVERIFY(run.ignores(SIGHUP));
+        run.signal(SIGTERM);
+        QCOMPARE(run.waitForEnd(), 0);
+        QCOMPARE(writes(), lastSave());
+    }
+
+    void aWarningThatNobodyReadsDoesNotEndIt()
+    {
+        Program run(program, *home);
+        run.process.setChildProcessModifier([] {
+            std::array<int, 2> pipe = {-1, -1};
+            if (::pipe(pipe.data()) == 0 && ::dup2(pipe[1], STDERR_FILENO) == STDERR_FILENO)
+                ::close(pipe[0]);
+            std::signal(SIGPIPE, SIG_DFL); // as a desktop leaves it
+        });
+        QProcessEnvironment environment = run.process.processEnvironment();
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("*=true")); // Qt talks a lot
+        run.process.setProcessEnvironment(environment);
+        run.start();
+        QVERIFY(QTest::qWaitFor([&run] { return run.hearsSignals() || run.process.state() != QProcess::Running; }));
+        run.signal(SIGTERM);
+        QCOMPARE(run.waitForEnd(), 0);
+        QCOMPARE(writes(), lastSave());
     }
 
     void changedRDAsAreSavedWithTheSheetOpen()
