@@ -31,7 +31,7 @@ Food::Food(std::optional<QString> name)
 
 void Food::loadIfNeeded()
 {
-    if (!hasreadxml)
+    if (!hasReadXML)
         readXML();
 }
 
@@ -39,7 +39,7 @@ void Food::readXML()
 {
     const QString path = Bundle::mainBundle().pathForResource(
         foodname.value_or(QString()), QStringLiteral("xml"), QStringLiteral("Database.xml"));
-    hasreadxml = !path.isEmpty()
+    hasReadXML = !path.isEmpty()
         && FoodFile::parse(path, [this](std::string_view element, const FoodFile::Attributes &attributes) {
                didStartElement(element, attributes);
            });

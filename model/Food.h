@@ -81,7 +81,7 @@ private:
     std::array<float, NutrientCatalogue::nutrientCount> nutrients{}; // per 100 g, whatever unit the entry uses
     std::bitset<NutrientCatalogue::nutrientCount> listed; // which of them the file gives: unknown is not the same as 0
     QList<Unit> units; // "g" first and always
-    bool hasreadxml = false;
+    bool hasReadXML = false;
     float amount = 100.0F;
     std::optional<QString> unit;
     qint32 unitidx = 0;
