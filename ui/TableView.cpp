@@ -4,13 +4,13 @@
 #include "ui/TableView.h"
 
 #include "ui/CellDelegate.h"
+#include "ui/CellMenu.h"
 #include "ui/RowSelectionModel.h"
 #include "ui/TableModel.h"
 #include "ui/TableViewDelegate.h"
 
 #include <QAccessible>
 #include <QHeaderView>
-#include <QMenu>
 #include <QPainter>
 #include <QStyleOptionHeader>
 

@@ -3,6 +3,7 @@
 
 // What the keys and the mouse do in a table: the editor of the amounts and the menu of the units.
 
+#include "ui/CellMenu.h"
 #include "ui/PopUpButtonCell.h"
 #include "ui/RowSelectionModel.h"
 #include "ui/TableModel.h"
@@ -11,7 +12,6 @@
 #include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeyEvent>
-#include <QMenu>
 
 #include <utility>
 
@@ -83,7 +83,7 @@ void TableView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index))
+    if (plain && index.isValid() && openMenu(index, event->timestamp()))
         return;
     QTableView::mousePressEvent(event);
 }
@@ -92,7 +92,7 @@ void TableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index))
+    if (plain && index.isValid() && openMenu(index, event->timestamp()))
         return;
     QTableView::mouseDoubleClickEvent(event);
     if (plain && index.isValid())
@@ -148,7 +148,7 @@ bool TableView::editRow(int row)
 }
 
 // Opens the menu of a pop-up cell, without waiting for it. False for any other cell.
-bool TableView::openMenu(const QModelIndex &index)
+bool TableView::openMenu(const QModelIndex &index, std::optional<quint64> pressed)
 {
     if (!index.isValid() || index.row() >= tablemodel->sourceRowCount())
         return false;
@@ -160,7 +160,7 @@ bool TableView::openMenu(const QModelIndex &index)
 
     // The items are taken out of the cell: painting another row rebuilds it while the menu is open.
     const auto &cell = static_cast<PopUpButtonCell &>(tablemodel->prepareCell(index.row(), index.column()));
-    menu = new QMenu(this);
+    menu = new CellMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setAccessibleName(tablemodel->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
     auto *group = new QActionGroup(menu);
@@ -178,9 +178,7 @@ bool TableView::openMenu(const QModelIndex &index)
     if (chosen != nullptr)
         chosen->setChecked(true);
     const QRect area = visualRect(index);
-    menu->setMinimumWidth(area.width());
-    menu->popup(viewport()->mapToGlobal(area.bottomLeft()));
-    menu->setActiveAction(chosen);
+    menu->popupOver({viewport()->mapToGlobal(area.topLeft()), area.size()}, chosen, pressed);
     return true;
 }
 
