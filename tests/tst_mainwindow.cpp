@@ -171,6 +171,50 @@ private slots:
         QCOMPARE(run->names(), QStringList());
     }
 
+    void aDateTypedButNotEnteredIsDroppedByEveryOtherCommand_data()
+    {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("day");
+        for (const char *name : {"actioncut", "actioncopy", "actionpaste", "actionremove", "actiontoday",
+                 "actionpreferences", "actionselectall", "actiondeselect"})
+            QTest::newRow(name) << QString::fromLatin1(name) << QStringLiteral("2026-11-21");
+        QTest::newRow("actionpreviousday") << QStringLiteral("actionpreviousday") << QStringLiteral("2026-11-20");
+        QTest::newRow("actionnextday") << QStringLiteral("actionnextday") << QStringLiteral("2026-11-22");
+    }
+
+    void aDateTypedButNotEnteredIsDroppedByEveryOtherCommand()
+    {
+        QFETCH(QString, action);
+        run->add({A});
+        typeYear();
+        window()->findChild<QAction *>(action)->trigger();
+        QTEST(run->controller.datepicker->text(), "day");
+        run->controller.hidePrefs();
+        table()->setFocus(); // which would enter it
+        QTEST(DatePicker::localDate(run->controller.curdate).toString(Qt::ISODate), "day");
+    }
+
+    void aDateTypedButNotEnteredIsDroppedAtTheEnd_data()
+    {
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("by closing the window") << true;
+        QTest::newRow("by the session's save, after which the program may stay") << false;
+    }
+
+    void aDateTypedButNotEnteredIsDroppedAtTheEnd()
+    {
+        QFETCH(bool, closes);
+        typeYear();
+        if (closes)
+            window()->close();
+        else
+            run->interface->endEditing();
+        QCOMPARE(run->controller.datepicker->text(), QStringLiteral("2026-11-21"));
+        run->terminate();
+        QCOMPARE(run->store.objectForKey(QStringLiteral("LastDate")).toDateTime(), home->now);
+        QVERIFY(!run->store.objectForKey(QStringLiteral("2025_11_21")).isValid());
+    }
+
     void aDateHalfTypedDoesNothingWhenTheWindowGoes()
     {
         typeYear();

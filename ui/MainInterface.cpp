@@ -135,7 +135,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
 void MainInterface::connectCommands()
 {
     connect(main->actionaddfood, &QAction::triggered, this, [this] {
-        endEditing();
+        main->logtable->endEditing();
         // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
         main->datepicker->interpretText();
         controller.addFood();
@@ -168,7 +168,7 @@ void MainInterface::connectCommands()
         connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
-        endEditing();
+        main->logtable->endEditing();
         controller.updateDate();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
@@ -246,6 +246,7 @@ void MainInterface::raise()
 void MainInterface::endEditing()
 {
     main->logtable->endEditing();
+    main->datepicker->discardTyped();
 }
 
 void MainInterface::saveWindowState(UserDefaults &store) const

@@ -33,7 +33,8 @@ public:
     void show();
     // Brings the window to the front for a second start of the program.
     void raise();
-    // Ends an open amount editor; what was typed goes to its row.
+    // Ends an open amount editor, whose text goes to its row, and drops a date that was typed and not entered. What
+    // comes before every command but one, and before the end.
     void endEditing();
     // Writes the window's place and the splitter's.
     void saveWindowState(UserDefaults &store) const;
@@ -53,7 +54,7 @@ private:
     void setUseP(bool percentages);
     void showSettings();
 
-    // Sends the operation when the action is chosen, after ending an open editor.
+    // Sends the operation when the action is chosen, after endEditing().
     void connectCommand(QAction *action, Operation operation);
 
     AppDelegate &controller;
