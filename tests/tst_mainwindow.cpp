@@ -144,6 +144,17 @@ private slots:
         QCOMPARE(run->entries(), QStringList({QStringLiteral("A 700 g 0"), QStringLiteral("B 100 g 0")}));
     }
 
+    void whatIsStillBeingComposedGoesToItsRowBeforeACommand()
+    {
+        run->add({A});
+        type(0, QStringLiteral("7"));
+        QInputMethodEvent composing(QStringLiteral("25"), {});
+        QCoreApplication::sendEvent(editor(), &composing);
+        window()->findChild<QAction *>(QStringLiteral("actionpreviousday"))->trigger();
+        run->controller.nextDay();
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 725 g 0")});
+    }
+
     void closingTheWindowEndsAnOpenEditor()
     {
         run->add({A});

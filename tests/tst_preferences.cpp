@@ -100,6 +100,28 @@ private slots:
         }
     }
 
+    void whatIsStillBeingComposedIsSet_data()
+    {
+        QTest::addColumn<bool>("bykey");
+        QTest::newRow("by Return") << true;
+        QTest::newRow("by the button") << false;
+    }
+
+    void whatIsStillBeingComposedIsSet()
+    {
+        QFETCH(bool, bykey);
+        run->controller.rdainput->setFocus();
+        run->controller.rdainput->selectAll();
+        QInputMethodEvent composing(QStringLiteral("25"), {});
+        QCoreApplication::sendEvent(run->controller.rdainput, &composing);
+        if (bykey)
+            QTest::keyClick(run->controller.rdainput, Qt::Key_Return);
+        else
+            click("setbutton");
+        QCOMPARE(run->controller.rdas[0], 25.0F);
+        QCOMPARE(run->controller.rdainput->text(), QStringLiteral("25.00"));
+    }
+
     void returnSetsTheRDAAndPressesNoButton()
     {
         type(QStringLiteral("1"));

@@ -5,10 +5,10 @@
 
 #include "ui/TableCell.h"
 #include "ui/TableModel.h"
+#include "ui/TextField.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QToolTip>
 
@@ -16,9 +16,9 @@
 
 namespace {
 
-class CellEditor final : public QLineEdit {
+class CellEditor final : public TextField {
 public:
-    using QLineEdit::QLineEdit;
+    using TextField::TextField;
 
     QString shown; // when it was opened
 };
@@ -82,6 +82,7 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     auto *line = static_cast<CellEditor *>(editor);
+    line->commitComposition();
     const QString text = line->text();
     if (text == line->shown)
         return;

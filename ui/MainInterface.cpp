@@ -186,8 +186,12 @@ void MainInterface::connectCommands()
 void MainInterface::connectPreferences()
 {
     connect(prefs->rdamenu, &QComboBox::activated, this, [this] { controller.RDAtick(); });
-    connect(prefs->rdainput, &QLineEdit::returnPressed, this, [this] { controller.setRDA(); });
-    connect(prefs->setbutton, &QAbstractButton::clicked, this, [this] { controller.setRDA(); });
+    const auto set = [this] {
+        prefs->rdainput->commitComposition();
+        controller.setRDA();
+    };
+    connect(prefs->rdainput, &QLineEdit::returnPressed, this, set);
+    connect(prefs->setbutton, &QAbstractButton::clicked, this, set);
     connect(prefs->resetbutton, &QAbstractButton::clicked, this, [this] { controller.RDAreset(); });
     connect(prefs->closebutton, &QAbstractButton::clicked, this, [this] { controller.hidePrefs(); });
     connect(preferences, &PreferencesSheet::hidePrefs, this, [this] { controller.hidePrefs(); });

@@ -11,6 +11,7 @@
 
 #include <QActionGroup>
 #include <QCoreApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 
 #include <utility>
@@ -46,10 +47,15 @@ bool isEditKey(const QKeyEvent *event)
     return (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) && modifiersOf(event) == Qt::NoModifier;
 }
 
-// A key that begins a number; on some keyboards digits are typed with Shift.
+bool beginsNumber(const QString &text)
+{
+    return !text.isEmpty() && QStringView(u"0123456789.-").contains(text.front());
+}
+
+// On some keyboards digits are typed with Shift.
 bool beginsNumber(const QKeyEvent *event)
 {
-    return event->text().size() == 1 && QStringView(u"0123456789.-").contains(event->text().front())
+    return event->text().size() == 1 && beginsNumber(event->text())
         && (modifiersOf(event) & ~Qt::ShiftModifier) == Qt::NoModifier;
 }
 
@@ -75,6 +81,30 @@ void TableView::keyPressEvent(QKeyEvent *event)
         return;
     }
     QTableView::keyPressEvent(event);
+}
+
+void TableView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QModelIndex current = currentIndex();
+    const bool opens = openEditor() == nullptr;
+    const bool begins = current.column() == tablemodel->editableColumn() && current.row() < tablemodel->sourceRowCount()
+        && beginsNumber(event->commitString() + event->preeditString());
+    if (opens && !begins) {
+        event->ignore();
+        return;
+    }
+    if (opens && event->preeditString().isEmpty()) {
+        if (editRow(current.row()))
+            QCoreApplication::sendEvent(openEditor(), event);
+        return;
+    }
+    // Qt's own handling opens the editor and leaves the focus here until the composition ends, which a move of the
+    // focus would interrupt.
+    setEditTriggers(AnyKeyPressed);
+    QTableView::inputMethodEvent(event);
+    setEditTriggers(NoEditTriggers);
+    if (indexWidget(current) != nullptr)
+        editing = current;
 }
 
 void TableView::keyboardSearch(const QString & /*search*/) { }
@@ -143,6 +173,8 @@ bool TableView::editRow(int row)
         scrollTo(index);
         edit(index);
         editing = index;
+        if (openEditor() != nullptr)
+            openEditor()->setFocus(); // Qt leaves it out after a composition that was ended by the program
     }
     return openEditor() != nullptr;
 }
