@@ -21,6 +21,13 @@ QStringList none()
 class TableEditingTest final : public LogWindowTest {
     Q_OBJECT
 
+    // One repetition of a key that is held down.
+    static void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString &text = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text, true);
+        QCoreApplication::sendEvent(qApp->focusWidget(), &event);
+    }
+
     // What an input method sends to the widget with the focus.
     static void compose(const QString &composition, const QString &committed = {})
     {
@@ -102,6 +109,56 @@ private slots:
         press(Qt::Key_Return, Qt::ControlModifier);
         QVERIFY(editor() == nullptr);
         QCOMPARE(source.notes, none());
+    }
+
+    void aKeyHeldOnOpensNothingAndClearsNothing_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("text");
+        const Qt::KeyboardModifiers none;
+        QTest::newRow("Return") << Qt::Key_Return << none << QString();
+        QTest::newRow("F2") << Qt::Key_F2 << none << QString();
+        QTest::newRow("a digit") << Qt::Key_5 << none << QStringLiteral("5");
+        QTest::newRow("Space") << Qt::Key_Space << none << QStringLiteral(" ");
+        QTest::newRow("Alt+Down") << Qt::Key_Down << Qt::KeyboardModifiers(Qt::AltModifier) << QString();
+        QTest::newRow("Esc") << Qt::Key_Escape << none << QString();
+    }
+
+    void aKeyHeldOnOpensNothingAndClearsNothing()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QString, text);
+        makeCurrent(2, name);
+        table->selectRowIndexes({2});
+        hold(key, modifiers, text);
+        QVERIFY(editor() == nullptr);
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
+    }
+
+    void aKeyThatOpensAnEditorNeitherClosesItNorOpensTheNextWhileItIsHeld()
+    {
+        makeCurrent(2, name);
+        press(Qt::Key_Return);
+        hold(Qt::Key_Return);
+        QCOMPARE(editedRow(), 2);
+        press(Qt::Key_Tab);
+        hold(Qt::Key_Tab, {}, QStringLiteral("\t"));
+        QCOMPARE(editedRow(), 3);
+        hold(Qt::Key_5, {}, QStringLiteral("5"));
+        hold(Qt::Key_5, {}, QStringLiteral("5"));
+        QCOMPARE(editor()->text(), QStringLiteral("55"));
+    }
+
+    void aHeldArrowKeyGoesOn()
+    {
+        makeCurrent(0, name);
+        press(Qt::Key_Down);
+        hold(Qt::Key_Down);
+        hold(Qt::Key_Down);
+        QCOMPARE(table->currentIndex().row(), 3);
     }
 
     // Input methods

@@ -95,8 +95,13 @@ bool CellDelegate::eventFilter(QObject *object, QEvent *event)
     // command could come first and the table would open the editor again.
     auto *editor = qobject_cast<QWidget *>(object);
     if (editor != nullptr && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        const auto *pressed = static_cast<QKeyEvent *>(event);
+        const int key = pressed->key();
+        const bool commits = key == Qt::Key_Return || key == Qt::Key_Enter;
+        // A key held since it opened the editor, or moved it here, goes no further.
+        if (pressed->isAutoRepeat() && (commits || key == Qt::Key_Tab || key == Qt::Key_Backtab))
+            return true;
+        if (commits) {
             emit commitData(editor);
             emit closeEditor(editor, NoHint);
             return true;

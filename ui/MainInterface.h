@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ui/InputGuard.h"
+
 #include <QObject>
 
 #include <memory>
@@ -63,4 +65,5 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    InputGuard inputguard;
 };

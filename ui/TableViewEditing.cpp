@@ -66,6 +66,9 @@ void TableView::keyPressEvent(QKeyEvent *event)
     // Qt would put the current cell on the system clipboard. What these keys do is the menu's.
     if (isClipboardKey(event))
         return;
+    // A key still held from what it did before does nothing else.
+    if (event->isAutoRepeat() && (isDeselectKey(event) || isMenuKey(event) || isEditKey(event) || beginsNumber(event)))
+        return;
     const QModelIndex current = currentIndex();
     if (isDeselectKey(event)) {
         event->setAccepted(rowselection->hasSelection());
