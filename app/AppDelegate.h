@@ -175,5 +175,7 @@ protected:
     AddFoodSheet *addview = nullptr;
     QDialog *preferences = nullptr;
     ArrayController *foodlistcontroller = nullptr;
-    QMainWindow *window = nullptr;
+
+public:
+    QMainWindow *window = nullptr; // the main window, whose sheets the others are
 };

@@ -8,8 +8,8 @@
 
 #include <bit>
 #include <clocale>
-#include <limits>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -144,6 +144,25 @@ private slots:
         Food food(name);
         QCOMPARE(food.getAmountOfNutrient(QStringLiteral("Omega-3")), 0.0F);
         QCOMPARE(food.getAmountOfNutrient(energy), 0.0F);
+    }
+
+    void aNutrientThatTheCatalogueLacksIsKeptLikeTheOthers()
+    {
+        const QString omega = QStringLiteral("Omega 3");
+        const auto amountIn = [&](const QByteArray &elements) {
+            files->writeElements(name, elements);
+            return Food(name).getAmountOfNutrient(omega);
+        };
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5.50'/>"), 5.5F);
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5'/><nutrient name='Omega 3' amount='6'/>"), 6.0F);
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5'/><nutrient name='Omega 3'/>"), 0.0F);
+        QCOMPARE(amountIn("<nutrient name='omega 3' amount='5'/>"), 0.0F);
+        files->writeElements(
+            name, "<measure name='cup' amount='1' grams='240'/><nutrient name='Omega 3' amount='7.3'/>");
+        Food food(name);
+        food.setCurunit(QStringLiteral("1 cup"));
+        food.setCuramount(0.5F);
+        QCOMPARE(food.getAmountOfNutrient(omega), 7.3F / 100.0F * 120.0F);
     }
 
     void otherElementsAreIgnoredAndNestingIsNot()

@@ -43,6 +43,13 @@ private slots:
             QCOMPARE(bitsOf(rda), bitsOf(0.0F));
     }
 
+    void theControllersWindowIsForEverybodyToSee()
+    {
+        Run run(*home);
+        const AppDelegate &controller = run.controller;
+        QCOMPARE(controller.window, run.interface->mainWindow());
+    }
+
     void aFirstRunHasTheDefaultsAndOpensToday()
     {
         Run run(*home);

@@ -320,6 +320,35 @@ private slots:
         QCOMPARE(run->controller.toolTipForCell(run->controller.logtable, amount, 0), QString());
     }
 
+    void whatACellShowsAndSaysIsOfOneMoment()
+    {
+        run->controller.rdas[0] = 10.0F;
+        run->add({A});
+        run->interface->show();
+        QVERIFY(QTest::qWaitForWindowExposed(run->interface->mainWindow()));
+        TableView *nutrients = run->controller.nutrienttable;
+        TableView *log = run->controller.logtable;
+        nutrients->reloadData();
+        const QImage bars = nutrients->viewport()->grab().toImage();
+        const QImage entries = log->viewport()->grab().toImage();
+        run->controller.RDAreset(); // without a reload
+        run->controller.foods[0]->setCurunit(QStringLiteral("1 cup"));
+        QCOMPARE(nutrients->viewport()->grab().toImage(), bars);
+        QCOMPARE(log->viewport()->grab().toImage(), entries);
+        const QModelIndex energy = nutrients->model()->index(0, 1);
+        QCOMPARE(energy.data().toString(), QStringLiteral("500 %"));
+        for (const int role : {int(Qt::ToolTipRole), int(Qt::AccessibleDescriptionRole)})
+            QVERIFY(energy.data(role).toString().startsWith(
+                QStringLiteral("Energy, 50.00 kcal, 500 % of the RDA (10.00 ")));
+        QCOMPARE(log->model()->index(0, 2).data().toString(), QStringLiteral("g"));
+        nutrients->reloadData();
+        log->reloadData();
+        QVERIFY(nutrients->viewport()->grab().toImage() != bars);
+        QCOMPARE(energy.data().toString(), QStringLiteral("2 %"));
+        QVERIFY(energy.data(Qt::ToolTipRole).toString().contains(QStringLiteral("2 % of the RDA (2000.00 ")));
+        QCOMPARE(log->model()->index(0, 2).data().toString(), QStringLiteral("1 cup"));
+    }
+
     void updateNutrientsReloadsTheNutrients()
     {
         run->interface->show();

@@ -211,7 +211,10 @@ private slots:
     void aCellIsPreparedRightBeforeEveryUse()
     {
         load(2);
-        source.entries[0].unit = 2; // not a value: prepared afresh each time
+        source.entries[0].unit = 2;
+        QCOMPARE(shown(0, 2), QStringLiteral("cup & 0")); // however it is prepared, it looks as it did
+        table->reloadData();
+        source.forget();
         QCOMPARE(shown(0, 2), QStringLiteral("slice"));
         QCOMPARE(shown(1, 2), QStringLiteral("cup & 1"));
         QCOMPARE(shown(0, 2), QStringLiteral("slice"));

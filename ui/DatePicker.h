@@ -23,6 +23,8 @@ public:
     // Never sends the action. An instant beyond the range of dates becomes the nearest one of its time of day; an
     // invalid one changes nothing.
     void setDateValue(const QDateTime &value);
+    // Forgets what was typed and not entered.
+    void discardTyped() { setDateValue(instant); }
 
     [[nodiscard]] static QDate firstDate() { return {1, 1, 1}; }
     [[nodiscard]] static QDate lastDate() { return {9999, 12, 31}; }
