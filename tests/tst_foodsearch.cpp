@@ -159,6 +159,8 @@ private slots:
     {
         const std::vector<int> hits = search.search(QStringLiteral("egg"));
         QVERIFY(search.search(QStringLiteral("egg egg EGG")) == hits);
+        // Nor does it use up the number of tokens that count.
+        QVERIFY(search.search(QStringLiteral("egg ").repeated(24) + QStringLiteral("xyzzyplugh")).empty());
     }
 
     void accentsAreTakenAsPlainLetters()
