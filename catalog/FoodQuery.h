@@ -11,9 +11,8 @@
 
 // What a person may have meant by the tokens of a query: query expansion, one rewritten query being a reading. There is
 // one as typed, and further ones where everyday speech has another name for a thing ("prawns") or writes one word for
-// two or two for one ("cornflakes", "soy milk"). A typed token that is in no name and that no
-// reading rewrites is taken as misspelt and stands for the words at the least edit distance. A name is found when one
-// reading finds it.
+// two or two for one ("cornflakes", "soy milk"). A typed token that is in no name and that no reading rewrites is taken
+// as misspelt and stands for the words at the least edit distance. A name is found when one reading finds it.
 namespace FoodQuery {
 
 enum class Match : quint8 {
