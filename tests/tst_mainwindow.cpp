@@ -207,13 +207,6 @@ private slots:
         QCOMPARE(run->names(), QStringList());
     }
 
-    void aDateHalfTypedDoesNothingWhenTheWindowGoes()
-    {
-        typeYear();
-        run->interface.reset();
-        QCOMPARE(AppDelegate::dayKey(run->controller.curdate), QStringLiteral("2026_11_21"));
-    }
-
     void commandsActOnTheLogFromAnywhereInTheWindow_data()
     {
         QTest::addColumn<QString>("where");
