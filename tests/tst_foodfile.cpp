@@ -53,6 +53,7 @@ private slots:
         row("an empty name stays empty", "name='' amount='1' grams='9'", "1 =9");
         row("an infinite amount is written so", "name='x' amount='1e400' grams='9'", "inf x=9");
         row("entities are text", "name='&lt;1&quot; &amp; &#xB5;' amount='1' grams='9'", "1 <1\" & \u00b5=9");
+        row("blanks in a name stay", "name='  small cup ' amount='1' grams='9'", "1   small cup =9");
         row("a unit called g is not the gram", "name='g' amount='1' grams='9'", "1 g=9");
         row("blanks before numbers are skipped", "name='cup' amount=' 2' grams='  7'", "2 cup=7");
         row("a value is not taken for a name", "name='amount' amount='2' grams='9'", "2 amount=9");
@@ -230,6 +231,24 @@ private slots:
             QCOMPARE(unitsOf(food), units);
             QCOMPARE(food.getAmountOfNutrient(energy), 5.0F);
         }
+    }
+
+    void aRetryAddsToWhatWasReadBefore()
+    {
+        files->write(name,
+            "<food><measure name='cup' amount='1' grams='2'/><nutrient name='Energy' amount='5'/>"
+            "<nutrient name='Protein' amount='3'/></fodo>");
+        Food food(name);
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=2"));
+        files->write(name,
+            "<food><measure name='oz' amount='1' grams='28'/><measure name='cup' amount='1' grams='4'/>"
+            "<nutrient name='Energy' amount='6'/></fodo>");
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=4; 1 oz=28"));
+        QCOMPARE(food.getAmountOfNutrient(energy), 6.0F);
+        QCOMPARE(food.getAmountOfNutrient(QStringLiteral("Protein")), 3.0F);
+        files->remove(name);
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=4; 1 oz=28"));
+        QCOMPARE(food.getAmountOfNutrient(energy), 6.0F);
     }
 
     void anEntityBombIsStopped()

@@ -263,6 +263,14 @@ private slots:
         QCOMPARE(editor()->selectedText(), QStringLiteral("3.00"));
     }
 
+    void aDoubleClickWithAnotherButtonOpensNothing()
+    {
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mouseDClick(table->viewport(), button, {}, middleOf(*table, 3, amount));
+            QVERIFY(editor() == nullptr);
+        }
+    }
+
     void aDoubleClickBelowTheRowsOpensNothing()
     {
         QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 3});

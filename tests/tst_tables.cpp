@@ -134,6 +134,15 @@ private slots:
         QCOMPARE(unitCell(0).indexOfSelectedItem(), 2);
     }
 
+    void theUnitShownIsComparedExactly()
+    {
+        home->files.writeElements(
+            A, "<measure name='cup' amount='1' grams='240'/><measure name='Cup' amount='1' grams='300'/>");
+        run->add({A});
+        run->controller.foods[0]->setCurunit(QStringLiteral("1 cup"));
+        QCOMPARE(unitCell(0).indexOfSelectedItem(), 1);
+    }
+
     void anUnknownOrAbsentUnitSelectsTheFirst()
     {
         run->add({A});
@@ -221,6 +230,9 @@ private slots:
         run->controller.nutrientstotal[31] = 90.0F;
         QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("150 %"));
         QCOMPARE(bar(31).percent(), 1.5F);
+        run->controller.nutrientstotal[31] = 60'000'000.0F; // however much it is
+        QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("100000000 %"));
+        QCOMPARE(bar(31).percent(), 1'000'000.0F);
     }
 
     void aPercentageIsMultipliedInFloat()

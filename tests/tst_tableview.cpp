@@ -501,6 +501,8 @@ private slots:
         QVERIFY(!model->headerData(-1, Qt::Horizontal).isValid());
         QVERIFY(!model->setData(model->index(0, 1), 5, Qt::DisplayRole));
         QVERIFY(!model->setData({}, 5));
+        source.entries.resize(1);
+        QVERIFY(!model->setData(model->index(1, 1), 5)); // a row that is gone
         QCOMPARE(source.notes, none());
     }
 

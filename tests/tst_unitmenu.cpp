@@ -141,6 +141,16 @@ private slots:
         QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
     }
 
+    void anotherButtonOpensNoMenu()
+    {
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mouseClick(table->viewport(), button, {}, middleOf(*table, 2, unit));
+            QVERIFY(openMenuOf(*table) == nullptr);
+            QTest::mouseDClick(table->viewport(), button, {}, middleOf(*table, 2, unit));
+            QVERIFY(openMenuOf(*table) == nullptr);
+        }
+    }
+
     void aKeyOpensTheMenuOfTheCurrentRow_data()
     {
         QTest::addColumn<Qt::Key>("key");
@@ -209,10 +219,12 @@ private slots:
     {
         makeCurrent(1, name);
         type("12");
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 2, unit));
+        source.onEdit = [this] { source.entries[1].units.append(QStringLiteral("added by the edit")); };
+        press(Qt::Key_Down, Qt::AltModifier); // which the editor leaves to its table
         QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")});
         QVERIFY(editor() == nullptr);
         QVERIFY(openMenuOf(*table) != nullptr);
+        QCOMPARE(openMenuOf(*table)->actions().size(), 4);
     }
 
     void aReloadAndTheEndOfEditingCloseTheMenu()

@@ -152,6 +152,15 @@ private slots:
         QCOMPARE(defaults.objectForKey(QStringLiteral("other")), QVariant(1));
     }
 
+    void aFlagReadBeforeItsDefaultIsRegisteredFollowsIt()
+    {
+        const QString flag = QStringLiteral("UseP");
+        UserDefaults defaults(path);
+        QVERIFY(!defaults.boolForKey(flag));
+        defaults.registerDefaults({{flag, QStringLiteral("YES")}});
+        QVERIFY(defaults.boolForKey(flag));
+    }
+
     void registeredDefaultsAreNeverWritten()
     {
         {
