@@ -32,8 +32,12 @@ void setHandler(void (*handler)(int))
     action.sa_handler = handler;
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
-    for (const int signal : handled)
-        ::sigaction(signal, &action, nullptr);
+    for (const int signal : handled) {
+        struct sigaction former = {};
+        // Who started the program with one ignored, as nohup does, means it to go on.
+        if (::sigaction(signal, nullptr, &former) == 0 && former.sa_handler != SIG_IGN)
+            ::sigaction(signal, &action, nullptr);
+    }
 }
 
 } // namespace

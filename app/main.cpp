@@ -11,6 +11,7 @@
 #include <QIcon>
 #include <QSessionManager>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace {
@@ -29,6 +30,8 @@ bool save(AppDelegate &controller, const MainInterface &interface, UserDefaults 
 
 int main(int argc, char **argv)
 {
+    // Before anything is printed: what a library has to say must not end the program when nobody reads it any more.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("provender"));
     QApplication::setApplicationDisplayName(QStringLiteral("Provender"));

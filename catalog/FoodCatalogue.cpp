@@ -7,7 +7,7 @@
 
 namespace {
 
-// Defines `names`, all names one behind the other, and `lengths`, the length of each.
+// Defines `names`, all names one after the other, and `lengths`, the length of each.
 #include "FoodNames.inc"
 
 static_assert(std::size(lengths) == FoodCatalogue::foodCount);

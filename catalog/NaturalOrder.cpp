@@ -28,7 +28,7 @@ constexpr std::array<unsigned char, 128> ranks = [] {
     return table;
 }();
 
-// A name with an ending behind it, read from the left without making one text of the two.
+// A name with an ending after it, read from the left without making one text of the two.
 class FileName {
 public:
     FileName(QStringView text, QStringView tail)
@@ -55,7 +55,7 @@ private:
     qsizetype place = 0;
 };
 
-// Both stand at a digit and are left behind their runs of digits. The longer run without its leading zeros is the
+// Both stand at a digit and are left after their runs of digits. The longer run without its leading zeros is the
 // larger number; of two as long, the first digit that differs decides.
 int compareNumbers(FileName &left, FileName &right)
 {

@@ -16,7 +16,7 @@
 // - What lies outside printable ASCII is in no name; it comes last, by code unit, so that any two texts have an order.
 namespace NaturalOrder {
 
-// Compares two food names with ".xml" behind each: where one begins with the other, that period decides. Negative when
+// Compares two food names with ".xml" after each: where one begins with the other, that period decides. Negative when
 // the left one comes first, positive when the right one does; 0 for texts that differ in nothing but case or leading
 // zeros.
 [[nodiscard]] int compareFoodNames(QStringView left, QStringView right);

@@ -19,6 +19,8 @@ target_compile_definitions(provender_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+file(REMOVE_RECURSE ${PROJECT_BINARY_DIR}/rooms) # what an earlier configuration knew
+
 # provender_rooms(<target>...): targets whose includes tst_layers holds against their link lines.
 function(provender_rooms)
   foreach(room IN LISTS ARGN)

@@ -6,7 +6,7 @@
 #include "model/StoredDay.h"
 #include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 #include "ui/table/TableView.h"
 
 void AppDelegate::setDate(const QDateTime &date)

@@ -31,7 +31,7 @@ Food::Food(std::optional<QString> name)
 
 void Food::loadIfNeeded()
 {
-    if (!hasreadxml)
+    if (!hasReadXML)
         readXML();
 }
 
@@ -39,7 +39,7 @@ void Food::readXML()
 {
     const QString path = Bundle::mainBundle().pathForResource(
         foodname.value_or(QString()), QStringLiteral("xml"), QStringLiteral("Database.xml"));
-    hasreadxml = !path.isEmpty()
+    hasReadXML = !path.isEmpty()
         && FoodFile::parse(path, [this](std::string_view element, const FoodFile::Attributes &attributes) {
                didStartElement(element, attributes);
            });
@@ -70,22 +70,33 @@ void Food::addMeasure(const FoodFile::Attributes &attributes)
 
 void Food::addNutrient(const FoodFile::Attributes &attributes)
 {
-    // A name that is not in the catalogue is never asked for, so there is nothing to keep.
     const auto name = attributes.value("name");
-    const int index = name ? NutrientCatalogue::indexOfNutrient(*name) : -1;
-    if (index < 0)
+    if (!name)
         return;
+    const int index = NutrientCatalogue::indexOfNutrient(*name);
     // Without an amount the nutrient becomes unknown again, also when an earlier element gave it.
     const auto text = attributes.value("amount");
-    listed.set(static_cast<std::size_t>(index), text.has_value());
-    nutrients[static_cast<std::size_t>(index)] = NumberText::floatValue(text.value_or(""));
+    const float per100grams = NumberText::floatValue(text.value_or(""));
+    if (index >= 0) {
+        listed.set(static_cast<std::size_t>(index), text.has_value());
+        nutrients[static_cast<std::size_t>(index)] = per100grams;
+    } else if (text) {
+        othernutrients.insert(textFromUtf8(*name), per100grams);
+    } else {
+        othernutrients.remove(textFromUtf8(*name));
+    }
 }
 
 float Food::getAmountOfNutrient(const QString &nutrient)
 {
     const QByteArray name = nutrient.toUtf8();
-    return getAmountOfNutrient(
-        NutrientCatalogue::indexOfNutrient(std::string_view(name.constData(), static_cast<std::size_t>(name.size()))));
+    const int index
+        = NutrientCatalogue::indexOfNutrient(std::string_view(name.constData(), static_cast<std::size_t>(name.size())));
+    if (index >= 0)
+        return getAmountOfNutrient(index);
+    loadIfNeeded();
+    const auto found = othernutrients.constFind(nutrient);
+    return found == othernutrients.constEnd() ? 0.0F : amountInEntry(*found);
 }
 
 float Food::getAmountOfNutrient(int index)
@@ -93,8 +104,13 @@ float Food::getAmountOfNutrient(int index)
     loadIfNeeded();
     if (index < 0 || !listed.test(static_cast<std::size_t>(index)))
         return 0.0F;
+    return amountInEntry(nutrients[static_cast<std::size_t>(index)]);
+}
+
+float Food::amountInEntry(float per100grams)
+{
     // Divided first, multiplied second: another order gives other bits.
-    return nutrients[static_cast<std::size_t>(index)] / 100.0F * getGrams();
+    return per100grams / 100.0F * getGrams();
 }
 
 float Food::getGrams()

@@ -5,6 +5,7 @@
 
 #include "catalog/NutrientCatalogue.h"
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -32,8 +33,8 @@ public:
     // 100 g of the food of that name. The name may be absent (a record may lack it); such a food has no file.
     explicit Food(std::optional<QString> name);
 
-    // The amount of a nutrient in this entry, in the nutrient's catalogue unit; 0 when the file does not list it. Only
-    // the catalogue's exact spelling finds one. Loads.
+    // The amount of a nutrient in this entry, in the unit of the nutrient; 0 when the file does not list it. The name
+    // is the file's, to the letter; it need not be one of the catalogue. Loads.
     [[nodiscard]] float getAmountOfNutrient(const QString &nutrient);
     // The same by nutrient index, 0 to 60.
     [[nodiscard]] float getAmountOfNutrient(int index);
@@ -76,12 +77,14 @@ private:
     void didStartElement(std::string_view element, const FoodFile::Attributes &attributes);
     void addMeasure(const FoodFile::Attributes &attributes);
     void addNutrient(const FoodFile::Attributes &attributes);
+    [[nodiscard]] float amountInEntry(float per100grams);
 
     std::optional<QString> foodname;
     std::array<float, NutrientCatalogue::nutrientCount> nutrients{}; // per 100 g, whatever unit the entry uses
     std::bitset<NutrientCatalogue::nutrientCount> listed; // which of them the file gives: unknown is not the same as 0
+    QHash<QString, float> othernutrients; // the same of names that the catalogue lacks: empty for the files we ship
     QList<Unit> units; // "g" first and always
-    bool hasreadxml = false;
+    bool hasReadXML = false;
     float amount = 100.0F;
     std::optional<QString> unit;
     qint32 unitidx = 0;

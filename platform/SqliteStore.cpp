@@ -6,15 +6,8 @@
 #include "platform/SqliteStatement.h"
 
 #include <QFile>
-#include <QFileInfo>
 
 #include <sqlite3.h>
-
-#include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
 
@@ -22,43 +15,11 @@ constexpr qint64 storeVersion = 1;
 // How long another process's lock is waited for: long enough for the save of a program that is just ending.
 constexpr int patience = 1000;
 
+// Where the file says for which version of the format it may be written, and the newest one that SQLite writes.
+constexpr int writeVersionAt = 18;
+constexpr unsigned char newestWriteVersion = 2;
+
 constexpr const char *valueQuery = "SELECT value FROM defaults WHERE key = ?1";
-
-void syncFolder(const QString &folder)
-{
-    const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (handle >= 0) {
-        ::fsync(handle); // a file system that cannot do it has no better way either
-        ::close(handle);
-    }
-}
-
-// The folder and those above it, each for its owner alone, as far as they are missing.
-bool makeFolder(const QString &folder)
-{
-    const QByteArray name = QFile::encodeName(folder);
-    const QString parent = QFileInfo(folder).path();
-    if (::mkdir(name.constData(), 0700) != 0) {
-        if (errno == EEXIST)
-            return true;
-        if (errno != ENOENT || parent == folder || !makeFolder(parent) || ::mkdir(name.constData(), 0700) != 0)
-            return false;
-    }
-    syncFolder(parent);
-    return true;
-}
-
-// What the name stands for, without its times: a file whose times were looked at gets a new one with its next write,
-// and a save, which has to put that on the disk too, then takes a quarter longer.
-bool look(const QByteArray &name, struct statx &status)
-{
-    return ::statx(AT_FDCWD, name.constData(), 0, STATX_TYPE | STATX_INO | STATX_SIZE, &status) == 0;
-}
-
-SqliteStore::Identity identityOf(const struct statx &status)
-{
-    return {status.stx_dev_major, status.stx_dev_minor, status.stx_ino};
-}
 
 } // namespace
 
@@ -81,19 +42,20 @@ SqliteStore::State SqliteStore::open()
 {
     if (database != nullptr)
         return State::Ready;
-    const QByteArray name = QFile::encodeName(path);
-    struct statx status { };
-    if (!look(name, status))
-        return errno == ENOENT ? State::Missing : State::Unavailable;
-    if (!S_ISREG(status.stx_mode))
-        return State::Unavailable;
-    if (status.stx_size == 1) // SQLite takes a file of one byte for an empty one
+    const StoreFile::Look file = StoreFile::look(path);
+    if (file.kind != StoreFile::Look::Kind::Regular)
+        return file.kind == StoreFile::Look::Kind::Missing ? State::Missing : State::Unavailable;
+    StoreFile::makePrivate(path);
+    if (file.size == 1) // SQLite takes a file of one byte for an empty one
         return setAside() ? State::Missing : State::Unavailable;
-    identity = identityOf(status);
-    int result = sqlite3_open_v2(name.constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    identity = file.identity;
+    int result = sqlite3_open_v2(
+        QFile::encodeName(path).constData(), &database, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, haswaited ? 0 : patience);
         result = examine();
+        if (result == SQLITE_ERROR)
+            result = SQLITE_NOTADB;
     }
     if (result == SQLITE_OK) {
         sqlite3_busy_timeout(database, patience);
@@ -106,7 +68,8 @@ SqliteStore::State SqliteStore::open()
     return State::Unavailable;
 }
 
-// Sets the connection up and looks whether the file is a store; SQLITE_NOTADB when it is surely none.
+// Sets the connection up and looks whether the file is a store; SQLITE_NOTADB when it is surely none, SQLITE_ERROR when
+// its schema or its format is not ours.
 int SqliteStore::examine()
 {
     // The temporary store is memory so that no file but the store and its journal is ever written.
@@ -127,37 +90,21 @@ int SqliteStore::examine()
         return SQLITE_OK;
     SqliteStatement probe(database, valueQuery);
     const int result = probe.step();
-    if (result == SQLITE_ERROR)
-        return SQLITE_NOTADB; // the table lacks the columns
     return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
-}
-
-bool SqliteStore::create() const
-{
-    const QString folder = QFileInfo(path).absolutePath();
-    if (!makeFolder(folder))
-        return false;
-    // SQLite would let everybody read the file. The journal takes the file's mode.
-    const int file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
-    if (file < 0)
-        return false;
-    ::close(file);
-    syncFolder(folder);
-    return true;
 }
 
 // SQLite, which keeps its journal open, does not notice that somebody took the file away or put another in its place.
 bool SqliteStore::isReplaced() const
 {
-    struct statx status { };
-    return !look(QFile::encodeName(path), status) || identityOf(status) != identity;
+    const StoreFile::Look file = StoreFile::look(path);
+    return file.kind != StoreFile::Look::Kind::Regular || file.identity != identity;
 }
 
 bool SqliteStore::isUnusable(int result)
 {
     if (result == SQLITE_NOTADB)
         return true;
-    if (result != SQLITE_CORRUPT)
+    if (result != SQLITE_CORRUPT && result != SQLITE_MISMATCH)
         return false;
     // Judged on a new connection: what this one has in memory may be of a save that broke off, or of what the file held
     // before something else was written over it. One that cannot be opened tells nothing.
@@ -174,22 +121,7 @@ bool SqliteStore::isUnusable(int result)
 bool SqliteStore::setAside()
 {
     close();
-    // The journal comes before the store: it would be played back into the next one of this name.
-    const QStringList parts = {QStringLiteral("-journal"), QStringLiteral("-wal"), QStringLiteral("-shm"), QString()};
-    const auto isTaken = [&parts](const QString &name) {
-        return std::any_of(parts.begin(), parts.end(), [&name](const QString &part) {
-            return QFileInfo(name + part).isSymLink() || QFileInfo::exists(name + part);
-        });
-    };
-    QString aside = path + QStringLiteral(".unusable");
-    for (int number = 2; isTaken(aside); ++number)
-        aside = path + QStringLiteral(".unusable-%1").arg(number);
-    for (const QString &part : parts) {
-        if (QFileInfo::exists(path + part) && !QFile::rename(path + part, aside + part))
-            return false;
-    }
-    syncFolder(QFileInfo(path).absolutePath());
-    return true;
+    return StoreFile::setAside(path);
 }
 
 SqliteStore::Answer SqliteStore::ask(const std::function<int()> &question)
@@ -243,35 +175,54 @@ bool SqliteStore::write(const QStringList &keys, const Decision &decide)
     if (database != nullptr && isReplaced())
         close();
     // A connection that has been open for long may have lost its file, or hold on to an error that is over: what fails
-    // on such a one is tried once more on a new one.
-    bool again = database != nullptr;
-    for (int attempt = 0; attempt < 2; ++attempt) {
+    // on such a one is tried once more on a new one, and once more in a new file when the former was set aside.
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        const bool isnew = database == nullptr;
         State state = open();
-        if (state == State::Missing && create())
+        if (state == State::Missing && StoreFile::create(path))
             state = open();
         if (state != State::Ready)
             return false;
-        const int result = commit(keys, decide);
+        int result = commit(keys, decide);
         if (result == SQLITE_OK)
             return true;
+        if (isRefusal(result, isnew))
+            result = SQLITE_NOTADB;
         const bool isaside = isUnusable(result) && setAside();
         close();
-        again = isaside || (again && result != SQLITE_BUSY);
-        if (!again)
+        if (!isaside && (isnew || result == SQLITE_BUSY))
             return false;
     }
     return false;
 }
 
+// Whether the file can be read and will never be written, whoever tries: a view in place of the table, a table without
+// a unique key, one with another column to fill or a trigger against it, a header that forbids it. Statements that a
+// new connection refuses would be refused again; what is read-only for its permissions is another matter.
+bool SqliteStore::isRefusal(int result, bool isnew)
+{
+    if (result == SQLITE_READONLY) {
+        // Through SQLite: to close the file after reading it ourselves would take its locks away.
+        sqlite3_file *file = nullptr;
+        unsigned char version = 0;
+        return sqlite3_file_control(database, "main", SQLITE_FCNTL_FILE_POINTER, &file) == SQLITE_OK
+            && file->pMethods->xRead(file, &version, 1, writeVersionAt) == SQLITE_OK && version > newestWriteVersion;
+    }
+    return isnew && (result == SQLITE_ERROR || result == SQLITE_CONSTRAINT || result == SQLITE_MISMATCH);
+}
+
 int SqliteStore::commit(const QStringList &keys, const Decision &decide)
 {
+    written.clear();
     int result = execute("BEGIN IMMEDIATE");
     if (result == SQLITE_OK)
         result = apply(keys, decide);
     if (result == SQLITE_OK)
         result = execute("COMMIT");
-    if (result == SQLITE_OK)
+    if (result == SQLITE_OK) {
         hastable = true;
+        result = readBack();
+    }
     return result; // a failed one is rolled back when its connection is closed, and it always is
 }
 
@@ -294,6 +245,21 @@ int SqliteStore::apply(const QStringList &keys, const Decision &decide)
         }
         if (const int result = put(key, change.value); result != SQLITE_OK)
             return result;
+    }
+    return SQLITE_OK;
+}
+
+// Damage that no read has met may still lead a save astray, over other values or to where no search finds it. What is
+// in memory would not tell, so it is dropped first. SQLITE_MISMATCH when something is not there as it was written.
+int SqliteStore::readBack()
+{
+    sqlite3_db_release_memory(database);
+    for (auto value = written.constBegin(); value != written.constEnd(); ++value) {
+        std::optional<QByteArray> found;
+        if (const int result = get(value.key(), found); result != SQLITE_OK)
+            return result;
+        if (found != *value)
+            return SQLITE_MISMATCH;
     }
     return SQLITE_OK;
 }
@@ -332,6 +298,7 @@ int SqliteStore::put(const QString &key, const QByteArray &value)
     SqliteStatement statement(database,
         "INSERT INTO defaults(key, value) VALUES(?1, ?2) ON CONFLICT(key) DO UPDATE SET value = excluded.value");
     const int result = statement.bind(1, key).bind(2, value).step();
+    written.insert(key, value);
     return result == SQLITE_DONE ? SQLITE_OK : result;
 }
 

@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "platform/StoreFile.h"
+
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QStringList>
 
@@ -13,14 +16,16 @@
 struct sqlite3;
 
 // Keys and byte values in one SQLite file, "defaults(key, value)": a key is looked up and replaced in the same time
-// however long the history is, and every write is a transaction that is on the disk when write() returns.
+// however long the history is, and every write is a transaction that is on the disk, and was read back from there, when
+// write() returns.
 //
 // The file is opened at the first read or write and belongs to this process until the object goes (exclusive locking).
 // Opening writes nothing. A missing file, with its folders, is created by the first write.
 //
-// A file that is surely not usable (no database, damaged by the verdict of an integrity check, of a newer version, or
-// with another program's table) is renamed to "<path>.unusable" or the first free "<path>.unusable-<n>", its journal
-// with it, and counts as missing from then on. Every other trouble leaves it where it is and is tried again later: a
+// A file that is surely not usable (no database, damaged by the verdict of an integrity check, of a newer version or
+// format, with another program's table, or one that can be read and never written) is renamed to "<path>.unusable" or
+// the first free "<path>.unusable-<n>", its journal with it, and counts as missing from then on; what was to be written
+// goes to a new one. Every other trouble leaves it where it is and is tried again later: a
 // lock, a full disk, an input or output error, a permission, want of memory.
 class SqliteStore final {
 public:
@@ -42,14 +47,6 @@ public:
     // write that is tried again asks again.
     using Decision = std::function<Change(const QString &key, const std::optional<QByteArray> &stored)>;
 
-    // A file, by whatever name.
-    struct Identity {
-        quint32 major = 0;
-        quint32 minor = 0;
-        quint64 inode = 0;
-        bool operator==(const Identity &) const = default;
-    };
-
     // Unavailable means that nobody can tell now whether there is a value.
     [[nodiscard]] Value read(const QString &key);
     // Changes all of the keys or none; false when none was changed.
@@ -67,14 +64,16 @@ private:
 
     State open();
     int examine();
-    bool create() const;
     [[nodiscard]] bool isReplaced() const;
     void close();
     [[nodiscard]] bool isUnusable(int result);
 
     Answer ask(const std::function<int()> &question);
+    [[nodiscard]] bool isRefusal(int result, bool isnew);
+
     int commit(const QStringList &keys, const Decision &decide);
     int apply(const QStringList &keys, const Decision &decide);
+    int readBack();
     int keepCopy(const QString &key, const QByteArray &value);
     int get(const QString &key, std::optional<QByteArray> &value);
     int put(const QString &key, const QByteArray &value);
@@ -83,6 +82,7 @@ private:
     QString path;
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
-    Identity identity; // the file that is open, whatever its name
+    StoreFile::Identity identity; // the file that is open, whatever its name
+    QHash<QString, QByteArray> written; // by the last transaction
     bool haswaited = false; // a read that met a lock waited for it once
 };

@@ -4,9 +4,9 @@
 #include "platform/UserDefaults.h"
 
 #include "platform/PropertyList.h"
+#include "platform/StoreFile.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 
 namespace {
@@ -90,10 +90,7 @@ void UserDefaults::setStandardUserDefaults(UserDefaults *defaults)
 
 QString UserDefaults::standardStorePath()
 {
-    QString folder = qEnvironmentVariable("XDG_DATA_HOME");
-    if (!folder.startsWith(u'/')) // a relative path is to be ignored
-        folder = QDir::homePath() + QStringLiteral("/.local/share");
-    return folder + QStringLiteral("/provender/preferences.sqlite");
+    return StoreFile::standardPath();
 }
 
 void UserDefaults::registerDefaults(const QVariantMap &defaults)

@@ -41,8 +41,7 @@ public:
     // until they are replaced; null goes back to the user's.
     [[nodiscard]] static UserDefaults &standardUserDefaults();
     static void setStandardUserDefaults(UserDefaults *defaults);
-    // provender/preferences.sqlite in the user's data folder: $XDG_DATA_HOME when that is an absolute path, else
-    // ~/.local/share.
+    // Where the user's store is or will be: StoreFile::standardPath().
     [[nodiscard]] static QString standardStorePath();
 
     [[nodiscard]] QString storePath() const { return storepath; }

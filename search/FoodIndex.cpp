@@ -25,7 +25,7 @@ qint16 weightOf(const QByteArray &word, Tone tone, int uses, std::size_t names)
     constexpr double unit = 8.0; // eighths of a bit, so that whole numbers do
     constexpr qint16 numberweight = 4;
     switch (tone) {
-    case Tone::Filler:
+    case Tone::StopWord:
     case Tone::Neutral:
         return 0;
     case Tone::Plain:
@@ -41,19 +41,19 @@ qint16 weightOf(const QByteArray &word, Tone tone, int uses, std::size_t names)
     return static_cast<qint16>(std::log2(static_cast<double>(names) / uses) * unit);
 }
 
-bool isShouted(QStringView text)
+bool isInCapitals(QStringView text)
 {
     return std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); }) >= 3;
 }
 
-// Follows the commas and brackets of a name: a part is what stands between them, or behind a "with" or "in".
+// Follows the commas and brackets of a name: a part is what stands between them, or after a "with" or "in".
 class PartCounter {
 public:
     explicit PartCounter(const QString &foodname)
         : name(foodname)
     { }
 
-    quint8 partOf(const FoodWords::Word &word)
+    quint8 partOf(const FoodWords::Token &word)
     {
         for (; end < word.start; ++end) {
             const QChar mark = name[end];
@@ -106,7 +106,7 @@ void FoodIndex::takeApart(const QStringList &foodnames, std::vector<quint8> &par
         Name name;
         name.first = static_cast<quint32>(namewords.size());
         PartCounter counter(foodname);
-        for (const FoodWords::Word &word : FoodWords::split(foodname)) {
+        for (const FoodWords::Token &word : FoodWords::tokenize(foodname)) {
             const auto fresh = static_cast<quint16>(words.size());
             auto number = numbers.find(word.text);
             if (number == numbers.end()) {
@@ -117,7 +117,7 @@ void FoodIndex::takeApart(const QStringList &foodnames, std::vector<quint8> &par
                 capitals.push_back(0);
             }
             ++uses[*number];
-            capitals[*number] += isShouted(QStringView(foodname).mid(word.start, word.length)) ? 1 : 0;
+            capitals[*number] += isInCapitals(QStringView(foodname).mid(word.start, word.length)) ? 1 : 0;
             parts.push_back(counter.partOf(word));
             namewords.push_back({*number, static_cast<quint8>(word.start), static_cast<quint8>(word.length)});
             ++name.count;
@@ -146,7 +146,7 @@ void FoodIndex::sortVocabulary(const std::vector<int> &uses, const std::vector<i
         word.brand = capitals[old] * 2 > uses[old] && !FoodLexicon::isAbbreviation(word.text);
         word.standIn = tone == Tone::StandIn;
         word.processed = tone == Tone::Processed;
-        word.filler = tone == Tone::Filler;
+        word.stopWord = tone == Tone::StopWord;
         word.forFew = FoodLexicon::isForFew(word.text);
         word.state = FoodLexicon::tellsState(word.text) || word.brand;
     }

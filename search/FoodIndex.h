@@ -9,12 +9,12 @@
 #include <array>
 #include <vector>
 
-// The names of the catalogue, taken apart once so that a search need not: which words they are made of, and what part
-// each word plays. A name begins with what the food is ("Apples") or with a shelf that it stands on ("Nuts", "Fast
-// foods"), and goes on with its kind and with how it comes, from the important to the fine print. Telling the parts
-// apart is what lets "almond" find "Nuts, almonds" before almond paste. Words are numbers into one vocabulary of some
-// 2,800, so that a query is compared with each word once and with the 64,000 places of words not at all. Taking the
-// names apart takes about 6 ms: it is done when the search is first needed.
+// The names of the catalogue, cut into tokens once so that a search need not: which words they are made of, and what
+// part (field) of the name each stands in. A name begins with what the food is ("Apples") or with a shelf that it
+// stands on ("Nuts", "Fast foods"), and goes on with its kind and with how it comes, from the important to the fine
+// print. Telling the parts apart is what lets "almond" find "Nuts, almonds" before almond paste. Words are numbers into
+// one vocabulary of some 2,800, so that a query is compared with each word once and with its 64,000 occurrences not at
+// all. Building it takes about 6 ms: it is done when the search is first needed.
 class FoodIndex {
 public:
     enum class Place : quint8 {
@@ -27,6 +27,7 @@ public:
     };
     static constexpr std::size_t placeCount = 6;
 
+    // An occurrence of a word in a name.
     struct NameWord {
         quint16 word; // in the vocabulary
         quint8 start; // in letters of the name
@@ -46,18 +47,18 @@ public:
 
     struct VocabularyWord {
         QByteArray text;
-        // What the word adds to the weight of a name when nobody asked for it: the bits of information in it, times
-        // eight, or a fixed weight for a word with a tone of its own. A light name is an everyday one: it says little
-        // more than was asked, and in common words.
+        // What the word adds to the weight of a name when nobody asked for it: its inverse document frequency, log2 of
+        // names by uses (a second use in one name counts too), times eight; or a fixed weight for a word with a tone of
+        // its own. A light name is an everyday one: it says little more than was asked, and in common words.
         qint16 weight = 0;
         bool brand = false; // printed in capitals wherever it stands
         bool standIn = false;
         bool processed = false;
         bool forFew = false;
         bool state = false;
-        bool filler = false;
+        bool stopWord = false;
 
-        [[nodiscard]] bool counts() const { return !filler && !brand; }
+        [[nodiscard]] bool counts() const { return !stopWord && !brand; }
     };
 
     static constexpr int plainWeight = -24;

@@ -24,7 +24,7 @@ QHash<QByteArray, Tone> toneTable()
         for (const QByteArray &word : setOf(words))
             table.insert(word, tone);
     };
-    add(Tone::Filler, "a all an and by for from in of on or s the to type types with without");
+    add(Tone::StopWord, "a all an and by for from in of on or s the to type types with without");
     add(Tone::Plain, "brewed fluid fresh granulated plain purpose raw regular ripe whole");
     add(Tone::Neutral,
         "acid added air ascorbic average bleached boneless broilers calcium classes commercial commercially cooked d "
@@ -85,5 +85,5 @@ bool FoodLexicon::isServing(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(
         "bit bottle bowl can cup fresh glass handful homemade some organic piece pint plate portion serving slice");
-    return words.contains(word) || tone(word) == Tone::Filler;
+    return words.contains(word) || tone(word) == Tone::StopWord;
 }

@@ -5,14 +5,14 @@
 
 #include <QByteArray>
 
-// What the food search knows about the words that the catalogue's names are made of: which are worth nothing, which
-// tell the everyday form of a food and which a doctored one. Everything else is told from how rare a word is among the
-// names, so the lists are short and hold no food.
+// What the food search knows about the words that the catalogue's names are made of: which are stop words, which tell
+// the everyday form of a food and which a doctored one. Everything else is told from how rare a word is among the names
+// (its inverse document frequency), so the lists are short and hold no food.
 namespace FoodLexicon {
 
 enum class Tone {
     Ordinary, // tells one food from another, the more the rarer it is
-    Filler, // "and", "with"
+    StopWord, // "and", "with": worth nothing
     Plain, // "raw", "whole": what a person means who says no more
     Neutral, // "enriched", "commercially": every form of a food may be called so
     Processed, // "dried", "canned", "mix"

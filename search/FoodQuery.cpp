@@ -26,10 +26,10 @@ struct DraftWord {
 
 struct Draft {
     std::vector<DraftWord> words;
-    bool borrowed = false;
+    bool bySynonym = false;
 };
 
-int allowedSlips(const QByteArray &word)
+int allowedDistance(const QByteArray &word)
 {
     return word.size() >= 8 ? 2 : word.size() >= 4 ? 1 : 0;
 }
@@ -41,7 +41,7 @@ bool isSame(const QByteArray &a, const QByteArray &b)
     // Two spellings of one word begin alike: most pairs need no more than this.
     if (a[0] != b[0] || std::abs(a.size() - b.size()) > 3)
         return false;
-    const Words others = FoodWords::otherNumbers(a);
+    const Words others = FoodWords::inflections(a);
     return std::find(others.begin(), others.end(), b) != others.end();
 }
 
@@ -54,48 +54,49 @@ bool matchAs(Term &term, int word, Match match)
     return true;
 }
 
-// The word's plural and singular too; and, as "tomatos" is nobody's plural, the right plural of its singular.
-void matchNumbersAs(Term &term, const QByteArray &text, Match match, const FoodIndex &index)
+// Its other inflections too; and, as "tomatos" is nobody's plural, the right plural of its singular.
+void matchInflectionsAs(Term &term, const QByteArray &text, Match match, const FoodIndex &index)
 {
-    for (const QByteArray &other : FoodWords::otherNumbers(text)) {
+    for (const QByteArray &other : FoodWords::inflections(text)) {
         if (!matchAs(term, index.find(other), match))
             continue;
-        for (const QByteArray &another : FoodWords::otherNumbers(other))
+        for (const QByteArray &another : FoodWords::inflections(other))
             matchAs(term, index.find(another), match);
     }
 }
 
-Term termFor(const QByteArray &text, bool beginnings, const FoodIndex &index)
+Term termFor(const QByteArray &text, bool prefixes, const FoodIndex &index)
 {
     const auto &vocabulary = index.vocabulary();
     Term term{text, std::vector<Match>(vocabulary.size(), Match::None)};
-    if (beginnings) {
+    if (prefixes) {
         for (std::size_t at = index.lowerBound(text); at < vocabulary.size(); ++at) {
             if (!vocabulary[at].text.startsWith(text))
                 break;
-            matchAs(term, static_cast<int>(at), Match::Beginning);
+            matchAs(term, static_cast<int>(at), Match::Prefix);
         }
     }
-    matchNumbersAs(term, text, Match::Whole, index);
+    matchInflectionsAs(term, text, Match::Whole, index);
     matchAs(term, index.find(text), Match::Whole);
     return term;
 }
 
-// Takes the term as misspelt: it matches the words that need the fewest slips, whole ones before beginnings.
-void repair(Term &term, const FoodIndex &index)
+// Corrects the spelling of a term that is in no name: it matches the words at the least edit distance, whole ones
+// before prefixes.
+void correctSpelling(Term &term, const FoodIndex &index)
 {
-    constexpr qsizetype shortestbegun = 6; // fewer letters, one of them wrong, are the beginning of too much
+    constexpr qsizetype shortestprefix = 6; // fewer letters, one of them wrong, begin too much
     const auto &vocabulary = index.vocabulary();
-    for (const bool beginning : {false, true}) {
-        const Match match = beginning ? Match::Beginning : Match::Whole;
-        if (beginning && term.text.size() < shortestbegun)
+    for (const bool prefix : {false, true}) {
+        const Match match = prefix ? Match::Prefix : Match::Whole;
+        if (prefix && term.text.size() < shortestprefix)
             return;
-        for (int allowed = 1; allowed <= allowedSlips(term.text); ++allowed) {
+        for (int allowed = 1; allowed <= allowedDistance(term.text); ++allowed) {
             for (std::size_t at = 0; at < vocabulary.size(); ++at) {
-                if (FoodWords::slips(term.text, vocabulary[at].text, allowed, beginning) > allowed)
+                if (FoodWords::editDistance(term.text, vocabulary[at].text, allowed, prefix) > allowed)
                     continue;
                 matchAs(term, static_cast<int>(at), match);
-                matchNumbersAs(term, vocabulary[at].text, match, index);
+                matchInflectionsAs(term, vocabulary[at].text, match, index);
             }
             if (term.found)
                 return;
@@ -118,12 +119,12 @@ public:
         for (std::size_t at = 0; at < drafts.size(); ++at) {
             addSynonyms(at);
             addJoined(at);
-            addParted(at);
+            addSplit(at);
         }
         std::vector<Reading> answer;
         for (const Draft &draft : drafts) {
             Reading reading;
-            reading.borrowed = draft.borrowed;
+            reading.bySynonym = draft.bySynonym;
             if (addTerms(reading, draft))
                 answer.push_back(std::move(reading));
         }
@@ -131,12 +132,12 @@ public:
     }
 
 private:
-    // A word that is in no name may be the beginning, or a misspelling, of one that the table of synonyms knows.
+    // A token that is in no name may be a prefix, or a misspelling, of one that the table of synonyms knows.
     QByteArray spelledAsSaid(const QByteArray &word) const
     {
         if (word.size() < 3 || termFor(word, true, index).found)
             return word;
-        const int limit = allowedSlips(word);
+        const int limit = allowedDistance(word);
         QByteArray closest = word;
         for (const FoodSynonym &synonym : foodSynonyms()) {
             if (synonym.said.size() != 1)
@@ -144,28 +145,28 @@ private:
             const QByteArray &said = synonym.said.front();
             if (said.startsWith(word) || isSame(word, said))
                 return said;
-            if (FoodWords::slips(word, said, limit, false) <= limit)
+            if (FoodWords::editDistance(word, said, limit, false) <= limit)
                 closest = said;
         }
         const auto &vocabulary = index.vocabulary();
         const bool ownword = std::any_of(vocabulary.begin(), vocabulary.end(),
-            [&](const auto &other) { return FoodWords::slips(word, other.text, limit, false) <= limit; });
+            [&](const auto &other) { return FoodWords::editDistance(word, other.text, limit, false) <= limit; });
         return ownword ? word : closest;
     }
 
     // Puts `meant` in the place of `count` words at `first` of a draft, as a draft of its own.
     void add(
-        const Draft &draft, std::size_t first, std::size_t count, const std::vector<DraftWord> &meant, bool borrowed)
+        const Draft &draft, std::size_t first, std::size_t count, const std::vector<DraftWord> &meant, bool bySynonym)
     {
         if (drafts.size() >= mostreadings)
             return;
         Draft changed = draft;
         const auto at = changed.words.begin() + static_cast<std::ptrdiff_t>(first);
         for (auto word = at; word != at + static_cast<std::ptrdiff_t>(count); ++word)
-            translated.insert(word->text);
+            rewritten.insert(word->text);
         changed.words.insert(
             changed.words.erase(at, at + static_cast<std::ptrdiff_t>(count)), meant.begin(), meant.end());
-        changed.borrowed = changed.borrowed || borrowed;
+        changed.bySynonym = changed.bySynonym || bySynonym;
         drafts.push_back(changed);
     }
 
@@ -190,6 +191,7 @@ private:
         }
     }
 
+    // Two words that some name writes as one: "soy milk".
     void addJoined(std::size_t number)
     {
         const Draft draft = drafts[number];
@@ -202,7 +204,8 @@ private:
         }
     }
 
-    void addParted(std::size_t number)
+    // One word that some name writes as two: "cornflakes".
+    void addSplit(std::size_t number)
     {
         constexpr qsizetype shortest = 3;
         const Draft draft = drafts[number];
@@ -219,14 +222,14 @@ private:
         }
     }
 
-    // Answers whether the draft can find anything. A typed word that is in no name is repaired, unless another draft
-    // says what it means.
+    // Answers whether the draft can find anything. A typed word that is in no name has its spelling corrected, unless
+    // another draft says what it means.
     bool addTerms(Reading &reading, const Draft &draft) const
     {
         for (const DraftWord &word : draft.words) {
             Term term = termFor(word.text, word.typed, index);
-            if (!term.found && word.typed && !translated.contains(word.text))
-                repair(term, index);
+            if (!term.found && word.typed && !rewritten.contains(word.text))
+                correctSpelling(term, index);
             if (!term.found)
                 return false;
             reading.terms.push_back(std::move(term));
@@ -236,7 +239,7 @@ private:
 
     const FoodIndex &index;
     std::vector<Draft> drafts;
-    QSet<QByteArray> translated;
+    QSet<QByteArray> rewritten;
 };
 
 } // namespace

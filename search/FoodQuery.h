@@ -9,15 +9,16 @@
 
 #include <vector>
 
-// What a person may have meant by the words of a query. There is one reading as typed, and further ones where everyday
-// speech has another name for a thing ("prawns"), writes one word for two or two for one ("cornflakes", "soy milk"), or
-// where a word is in no name at all and is taken as misspelt. A name is found when one reading finds it.
+// What a person may have meant by the tokens of a query: query expansion, one rewritten query being a reading. There is
+// one as typed, and further ones where everyday speech has another name for a thing ("prawns") or writes one word for
+// two or two for one ("cornflakes", "soy milk"). A typed token that is in no name and that no reading rewrites is taken
+// as misspelt and stands for the words at the least edit distance. A name is found when one reading finds it.
 namespace FoodQuery {
 
 enum class Match : quint8 {
     None,
-    Beginning, // the typed word is how the name's word begins
-    Whole // the word itself, or its plural or singular
+    Prefix, // the typed word is how the name's word begins
+    Whole // the word itself, or another inflection of it
 };
 
 struct Term {
@@ -30,11 +31,11 @@ struct Term {
 
 struct Reading {
     std::vector<Term> terms; // a name must match each of them
-    bool borrowed = false; // says it in other words than the person
+    bool bySynonym = false; // a synonym stands in it for what was typed
 };
 
 // Empty when no name can be found; else at most eight readings, the one as typed first. The words are lower case, as
-// FoodWords::split() gives them.
+// FoodWords::tokenize() gives them.
 [[nodiscard]] std::vector<Reading> readings(const std::vector<QByteArray> &typed, const FoodIndex &index);
 
 } // namespace FoodQuery

@@ -19,12 +19,12 @@ constexpr std::size_t at(Place place)
     return static_cast<std::size_t>(place);
 }
 
-// How many query words only begin a word of the name; nothing when one of them is not there at all.
+// How many terms match a word of the name by a prefix alone; nothing when one of them matches none.
 std::optional<quint8> matchWords(
     const FoodQuery::Reading &reading, const FoodIndex::Name &name, const FoodIndex::NameWord *words, Matches &matches)
 {
     std::fill_n(matches.begin(), name.count, Match::None);
-    quint8 begun = 0;
+    quint8 prefixes = 0;
     for (const FoodQuery::Term &term : reading.terms) {
         Match best = Match::None;
         for (std::size_t i = 0; i < name.count; ++i) {
@@ -34,14 +34,14 @@ std::optional<quint8> matchWords(
         }
         if (best == Match::None)
             return std::nullopt;
-        begun = static_cast<quint8>(begun + (best == Match::Beginning ? 1 : 0));
+        prefixes = static_cast<quint8>(prefixes + (best == Match::Prefix ? 1 : 0));
     }
-    return begun;
+    return prefixes;
 }
 
 struct Coverage {
     std::array<int, FoodIndex::placeCount> whole{};
-    std::array<int, FoodIndex::placeCount> begun{}; // whole ones too
+    std::array<int, FoodIndex::placeCount> matched{}; // whole or by a prefix
     Match headstart = Match::None;
     Match headnoun = Match::None;
     bool pastheadstart = false;
@@ -53,7 +53,7 @@ struct Coverage {
             headnoun = word.noun ? match : headnoun;
             pastheadstart = true;
         }
-        begun[at(word.place)] += match == Match::None ? 0 : 1;
+        matched[at(word.place)] += match == Match::None ? 0 : 1;
         whole[at(word.place)] += match == Match::Whole ? 1 : 0;
     }
 };
@@ -73,23 +73,23 @@ Tier tierOf(const Coverage &coverage, const FoodIndex::Name &name)
         return Tier::HeadStart;
     if (coverage.headnoun == Match::Whole)
         return Tier::HeadNoun;
-    if (all(coverage.begun, {Place::Head, Place::Shelf}))
-        return Tier::BegunHead;
+    if (all(coverage.matched, {Place::Head, Place::Shelf}))
+        return Tier::HeadPrefix;
     if (some({Place::Head, Place::Shelf, Place::Kind}))
         return Tier::PartOfHead;
-    if (all(coverage.begun, {Place::Kind, Place::Alias}))
-        return Tier::BegunKind;
-    if (coverage.headstart == Match::Beginning)
-        return Tier::BegunHeadStart;
-    if (coverage.headnoun == Match::Beginning)
-        return Tier::BegunHeadNoun;
-    return some({Place::Later, Place::Alias}) ? Tier::Elsewhere : Tier::BegunElsewhere;
+    if (all(coverage.matched, {Place::Kind, Place::Alias}))
+        return Tier::KindPrefix;
+    if (coverage.headstart == Match::Prefix)
+        return Tier::HeadStartPrefix;
+    if (coverage.headnoun == Match::Prefix)
+        return Tier::HeadNounPrefix;
+    return some({Place::Later, Place::Alias}) ? Tier::Elsewhere : Tier::ElsewherePrefix;
 }
 
-// Sums what the words of a name weigh that were not asked for.
-class Scales {
+// The sum of the weights of a name's words that were not asked for.
+class UnaskedWeight {
 public:
-    // `next` is the word behind, if any.
+    // `next` is the word after it, if any.
     void add(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning,
         const FoodIndex::VocabularyWord *next)
     {
@@ -112,8 +112,8 @@ public:
         total += inbrackets ? own / 4 : own;
     }
 
-    // A word of which only the beginning is typed is the likelier the more ordinary it is and the less is missing.
-    void addBegun(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning)
+    // A word of which only a prefix is typed is the likelier the more ordinary it is and the less is missing.
+    void addPrefix(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning)
     {
         total += std::max<int>(meaning.weight, 0) + 2 * word.length;
     }
@@ -132,21 +132,21 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
     const FoodIndex::Name &name = index.names()[static_cast<std::size_t>(number)];
     const FoodIndex::NameWord *words = index.wordsOf(name);
     Matches matches;
-    const std::optional<quint8> begun = matchWords(reading, name, words, matches);
-    if (!begun)
+    const std::optional<quint8> prefixes = matchWords(reading, name, words, matches);
+    if (!prefixes)
         return std::nullopt;
 
     FoodRank rank;
     rank.forFew = name.forFew;
     rank.ofBrand = name.ofBrand;
     Coverage coverage;
-    Scales scales;
+    UnaskedWeight unasked;
     for (std::size_t i = 0; i < name.count; ++i) {
         const FoodIndex::VocabularyWord &meaning = index.vocabulary()[words[i].word];
         if (matches[i] == Match::None)
-            scales.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
-        else if (matches[i] == Match::Beginning)
-            scales.addBegun(words[i], meaning);
+            unasked.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
+        else if (matches[i] == Match::Prefix)
+            unasked.addPrefix(words[i], meaning);
         const bool whole = matches[i] == Match::Whole;
         rank.ofBrand = rank.ofBrand && !(whole && (meaning.brand || meaning.standIn));
         rank.forFew = rank.forFew && !(whole && meaning.forFew);
@@ -154,9 +154,9 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
             coverage.add(words[i], matches[i]);
     }
     rank.tier = tierOf(coverage, name);
-    rank.begun = *begun;
-    rank.borrowed = reading.borrowed;
-    rank.weight = scales.weight();
+    rank.prefixes = *prefixes;
+    rank.bySynonym = reading.bySynonym;
+    rank.weight = unasked.weight();
     rank.name = number;
     return rank;
 }

@@ -18,26 +18,27 @@
 // figure, the information in what nobody asked for: raw apples before dried ones because "dried" is heavy, cheddar
 // before gjetost because the catalogue itself speaks of cheddar more often.
 struct FoodRank {
-    // What part of the name the query speaks of, in descending order of how much it is the food itself.
+    // What part of the name the query matches, in descending order of how much that is the food itself. A Prefix tier
+    // is that of the part as far as it has been typed.
     enum class Tier : quint8 {
         WholeHead, // all that the food is called: "butter" for "Butter, salted"
         HeadStart, // "coconut" for "coconut meat"; or all of its kind: "cheddar" for "Cheese, cheddar"
         HeadNoun, // "butter" for "Peanut butter"
-        BegunHead, // all of it, as far as typed: "butt"
+        HeadPrefix, // "butt" for "Butter, salted"
         PartOfHead,
-        BegunKind,
-        BegunHeadStart,
-        BegunHeadNoun,
+        KindPrefix,
+        HeadStartPrefix,
+        HeadNounPrefix,
         Elsewhere,
-        BegunElsewhere
+        ElsewherePrefix
     };
 
     bool forFew = false; // baby foods and one people's dishes last
     bool ofBrand = false; // then brands and stand-ins, all unless asked for
-    Tier tier = Tier::BegunElsewhere;
-    quint8 begun = 0; // query words of which only the beginning is there
-    bool borrowed = false;
-    int weight = 0; // of what was not asked for, see FoodIndex::VocabularyWord
+    Tier tier = Tier::ElsewherePrefix;
+    quint8 prefixes = 0; // terms of which only a prefix match is there
+    bool bySynonym = false;
+    int weight = 0; // the inverse document frequencies of what was not asked for, see FoodIndex::VocabularyWord
     int name = 0; // catalogue order
 
     auto operator<=>(const FoodRank &) const = default;

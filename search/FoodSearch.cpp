@@ -20,7 +20,7 @@ constexpr std::size_t mostwords = 24;
 std::vector<QByteArray> wordsOf(const QString &query)
 {
     std::vector<QByteArray> words;
-    for (const FoodWords::Word &word : FoodWords::split(QStringView(query).left(longestquery))) {
+    for (const FoodWords::Token &word : FoodWords::tokenize(QStringView(query).left(longestquery))) {
         if (words.size() < mostwords && std::find(words.begin(), words.end(), word.text) == words.end())
             words.push_back(word.text);
     }
@@ -111,7 +111,7 @@ std::vector<FoodSearch::Letters> FoodSearch::matchedLetters(int name) const
             const Match match = term.match(words[i]);
             if (match == Match::Whole)
                 most = words[i].length;
-            else if (match == Match::Beginning)
+            else if (match == Match::Prefix)
                 most = std::max(most, lettersTaken(foodnames[name], words[i], term.text.size()));
         }
         if (most > 0)

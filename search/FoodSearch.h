@@ -12,10 +12,10 @@
 #include <memory>
 #include <vector>
 
-// Finds foods by what people type: every word of the query must be the beginning of a word of the name, in any order
-// and whatever the case, and what is most likely meant comes first (see FoodRank). The search goes through all names
-// for each query: 0.2 ms a key, against which an index of word beginnings or keeping the last answer to narrow it down
-// would save nothing that a person could see.
+// Finds foods by what people type: every token of the query must be a prefix of a word of the name, in any order and
+// whatever the case, and what is most likely meant comes first (see FoodRank). The search goes through all names for
+// each query: 0.2 ms a key, against which an inverted index, or keeping the last answer to narrow it down, would save
+// nothing that a person could see.
 class FoodSearch final {
 public:
     struct Letters {
@@ -27,7 +27,7 @@ public:
 
     explicit FoodSearch(const QStringList &names);
 
-    // Takes the names apart, which the first query would do otherwise.
+    // Builds the index, which the first query would do otherwise.
     void prepare();
 
     // The indexes of the names that the query finds, the likeliest first; all of them in their own order when the query

@@ -53,9 +53,9 @@ bool joinsLetters(QChar character)
 
 } // namespace
 
-std::vector<FoodWords::Word> FoodWords::split(QStringView text)
+std::vector<FoodWords::Token> FoodWords::tokenize(QStringView text)
 {
-    std::vector<Word> words;
+    std::vector<Token> words;
     std::string letters; // most words fit into it without an allocation
     const auto finish = [&] {
         if (!letters.empty())
@@ -76,7 +76,7 @@ std::vector<FoodWords::Word> FoodWords::split(QStringView text)
     return words;
 }
 
-std::vector<QByteArray> FoodWords::otherNumbers(const QByteArray &word)
+std::vector<QByteArray> FoodWords::inflections(const QByteArray &word)
 {
     std::vector<QByteArray> others;
     const auto swap = [&](const char *ending, const char *replacement) {
@@ -97,11 +97,11 @@ std::vector<QByteArray> FoodWords::otherNumbers(const QByteArray &word)
     return others;
 }
 
-int FoodWords::slips(const QByteArray &typed, const QByteArray &word, int limit, bool beginning)
+int FoodWords::editDistance(const QByteArray &typed, const QByteArray &word, int limit, bool prefix)
 {
     const auto rows = static_cast<int>(typed.size());
-    const int columns = std::min(static_cast<int>(word.size()), beginning ? rows + limit : longestcompared);
-    if (rows > longestcompared || (!beginning && std::abs(rows - static_cast<int>(word.size())) > limit))
+    const int columns = std::min(static_cast<int>(word.size()), prefix ? rows + limit : longestcompared);
+    if (rows > longestcompared || (!prefix && std::abs(rows - static_cast<int>(word.size())) > limit))
         return limit + 1;
 
     using Row = std::array<int, 2 * longestcompared + 1>;
@@ -127,7 +127,7 @@ int FoodWords::slips(const QByteArray &typed, const QByteArray &word, int limit,
         before = last;
         last = current;
     }
-    if (!beginning)
+    if (!prefix)
         return std::min(last[static_cast<std::size_t>(columns)], limit + 1);
     return std::min(*std::min_element(last.begin(), last.begin() + columns + 1), limit + 1);
 }

@@ -8,26 +8,29 @@
 
 #include <vector>
 
-// Words as the food search sees them: lower case, ASCII, letters and digits only, an apostrophe swallowed ("KELLOGG'S"
-// is kelloggs), everything else a gap. Accents are dropped, so that what a person types with them is found.
+// The tokens that the food search compares: lower case, ASCII, letters and digits only, an apostrophe swallowed
+// ("KELLOGG'S" is kelloggs), everything else a gap. Accents are dropped, so that what a person types with them is
+// found.
 namespace FoodWords {
 
-struct Word {
+struct Token {
     QByteArray text;
     int start = 0; // where it stands in the text it was cut from, in letters
     int length = 0; // how many letters it takes there, swallowed apostrophes included
 
-    bool operator==(const Word &) const = default;
+    bool operator==(const Token &) const = default;
 };
 
-[[nodiscard]] std::vector<Word> split(QStringView text);
+[[nodiscard]] std::vector<Token> tokenize(QStringView text);
 
 // The plural of a singular and the singular of a plural, as far as spelling tells (-s, -es, -ies and -y, -ves and -f,
-// -oes and -o), the word itself left out. Some of the answers are no words: ask a vocabulary which ones are.
-[[nodiscard]] std::vector<QByteArray> otherNumbers(const QByteArray &word);
+// -oes and -o), the word itself left out. Some of the answers are no words: ask a vocabulary which ones are. A stemmer
+// would do the same for both sides, but takes different words for one.
+[[nodiscard]] std::vector<QByteArray> inflections(const QByteArray &word);
 
-// How many letters somebody has to have got wrong, left out, put in or swapped with a neighbour to type `typed` for
-// `word`, or for the beginning of it that comes closest when `beginning` is set; limit + 1 when it is more than that.
-[[nodiscard]] int slips(const QByteArray &typed, const QByteArray &word, int limit, bool beginning);
+// The edit distance (optimal string alignment): how many letters were got wrong, left out, put in or swapped with a
+// neighbour to type `typed` for `word`, or, when `prefix` is set, for the prefix of it that comes closest; limit + 1
+// when it is more than that.
+[[nodiscard]] int editDistance(const QByteArray &typed, const QByteArray &word, int limit, bool prefix);
 
 } // namespace FoodWords

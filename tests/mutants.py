@@ -5,13 +5,11 @@
 
 Each line of mutants.tsv is a fault: a file, the text to look for, the text to put in its place and the tests that
 ought to fail, separated by tabs; the two texts write a line's end as \\n. A fifth field says why a fault that no test
-can notice is none. Words choose the faults whose line holds one of them. With --check nothing is built or run: the lines alone are looked
-at, whether each text still stands once in its file and each test is there.
+can notice is none. Words choose the faults whose line holds one of them.
 
-The sources are copied to build/mutants, so that the tree stays as it is. The faults, with the line each was put on and
-the test function that noticed it, are written to build/mutants/table.md; that of a run of all, which takes a quarter of
-an hour or more, is the one in docs/mutation.md. Fails when a fault goes unnoticed, does not compile, or is noticed
-against what its line says. Wants git and what ./test.sh wants.
+The sources are copied to build/mutants, so that the tree stays as it is. Each fault is printed with the line it was put
+on and the test function that noticed it; all of them take a quarter of an hour or more. Fails when a fault goes
+unnoticed, does not compile, has no place, or is noticed against what its line says. Wants git and what ./test.sh wants.
 """
 import pathlib
 import re
@@ -62,29 +60,9 @@ def first_failure(tests):
     return None
 
 
-def cell(text):
-    lines = " ⏎ ".join(line.strip() for line in text.splitlines() if line.strip())
-    return "`" + lines.replace("|", "\\|") + "`" if lines else "(nothing)"
-
-
-def check(rows):
-    wrong = 0
-    for row in rows:
-        sound = len(row) in (4, 5) and row[1] and (root / row[0]).is_file() and row[1] != row[2] \
-            and (root / row[0]).read_text().count(row[1].replace("\\n", "\n")) == 1 \
-            and all((root / "tests" / f"tst_{test}.cpp").is_file() for test in row[3].split())
-        if not sound:
-            print("\t".join(row))
-            wrong += 1
-    print(f"{len(rows)} faults, {wrong} without a place or a test")
-    return 1 if wrong or not rows else 0
-
-
 def main(words):
     rows = [line.split("\t") for line in (root / "tests" / "mutants.tsv").read_text().splitlines()
             if line and not line.startswith("#")]
-    if words == ["--check"]:
-        return check(rows)
     rows = [row for row in rows if not words or any(word in "\t".join(row) for word in words)]
     copy_tree()
     configured = run("cmake", "--preset", "dev", "-S", tree, "-B", build, "-D", "PROVENDER_DIGEST_TESTS=OFF",
@@ -96,7 +74,6 @@ def main(words):
     if failure := first_failure(everything):
         sys.exit(f"without any fault: {failure}")
 
-    table = ["| File | Line | Text | Fault | Noticed by |", "|---|---|---|---|---|"]
     wrong = 0
     for name, before, after, tests, *reason in rows:
         before, after = (text.replace("\\n", "\n") for text in (before, after))
@@ -121,9 +98,7 @@ def main(words):
         else:
             verdict = noticed or (f"nothing: {reason[0]}" if reason else "NOTHING")
         wrong += bool(built.returncode) or bool(noticed) == bool(reason)
-        table.append(f"| {name} | {line} | {cell(before)} | {cell(after)} | {verdict} |")
         print(f"{name}:{line}: {verdict}", flush=True)
-    (work / "table.md").write_text("\n".join(table) + "\n")
     print(f"{len(rows)} faults, {wrong} to look at")
     return 1 if wrong else 0
 

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QClipboard>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>
 
@@ -53,6 +54,30 @@ private slots:
         press(Qt::Key_Return);
         QVERIFY(!sheet->isVisible());
         QCOMPARE(added, QList<QStringList>{{banana}});
+    }
+
+    void whatIsStillBeingComposedIsSearchedForFirst_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("by Return") << 0;
+        QTest::newRow("by the Add button") << 1;
+        QTest::newRow("kept by Ctrl+Return") << 2;
+    }
+
+    void whatIsStillBeingComposedIsSearchedForFirst()
+    {
+        QFETCH(int, way);
+        open();
+        QInputMethodEvent composing(QStringLiteral("apricots raw"), {});
+        QCoreApplication::sendEvent(field(), &composing);
+        if (way == 1)
+            QTest::mouseClick(find<QPushButton>("addbutton"), Qt::LeftButton);
+        else
+            press(Qt::Key_Return, way == 2 ? Qt::ControlModifier : Qt::NoModifier);
+        if (way == 2)
+            QCOMPARE(kept(), QStringList{apricots});
+        else
+            QCOMPARE(added, QList<QStringList>{{apricots}});
     }
 
     void theEnterOfTheNumberPadIsEnterToo()

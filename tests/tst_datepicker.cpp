@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/LocalDay.h"
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 
 #include <QCalendarWidget>
 #include <QLineEdit>

@@ -6,7 +6,7 @@
 #include "platform/LocalDay.h"
 
 #include "model/FoodRecord.h"
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 #include "ui/table/MenuItemUnit.h"
 
 #include <QLabel>
@@ -131,8 +131,14 @@ private slots:
     {
         run->add({A});
         const QDateTime earlier = run->controller.curdate;
+        QCOMPARE(shown(run->controller.nutrienttable), key("2 %"));
+        QCOMPARE(shown(run->controller.logtable), key("100.00"));
+        run->controller.nutrientstotal[0] = 1000.0F;
+        run->controller.foods[0]->setCuramount(7.0F);
         run->controller.label->setText(QStringLiteral("as it was"));
         run->controller.setDate(earlier.addSecs(3600));
+        QCOMPARE(shown(run->controller.nutrienttable), key("50 %"));
+        QCOMPARE(shown(run->controller.logtable), key("100.00"));
         QCOMPARE(run->controller.curdate, earlier);
         QCOMPARE(run->controller.datepicker->dateValue(), earlier);
         QCOMPARE(run->names(), QStringList{A});
@@ -303,6 +309,21 @@ private slots:
         QCOMPARE(run->store.objectForKey(key("2026_11_22")).toList(), expected);
     }
 
+    void anEntryIsArchivedAfreshWhenItsDayIsOpened()
+    {
+        QFile file(QStringLiteral(DATA_DIR "/records/text.record")); // another program's, its amount a text
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray foreign = file.readAll();
+        const auto food = FoodRecord::unarchiveObjectWithData(foreign);
+        QVERIFY(food);
+        const QVariant afresh = FoodRecord::archivedDataWithRootObject(*food);
+        QVERIFY(afresh != foreign);
+        run->store.setObject(QVariantList{foreign}, key("2026_11_22"));
+        run->controller.nextDay();
+        run->controller.nextDay();
+        QCOMPARE(run->store.objectForKey(key("2026_11_22")).toList(), QVariantList{afresh});
+    }
+
     void aValueThatIsNoListIsAnEmptyDayAndKept()
     {
         run->store.setObject(QStringLiteral("not a list"), key("2026_11_22"));
@@ -324,6 +345,9 @@ private slots:
     }
 
 private:
+    // The amount in the first row, as it was at the last reload.
+    static QString shown(const TableView *table) { return table->model()->index(0, 1).data().toString(); }
+
     std::unique_ptr<Home> home;
     std::unique_ptr<Run> run;
 };

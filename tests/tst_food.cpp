@@ -43,14 +43,14 @@ private slots:
 
     void aNewFoodIs100GramsAndDoesNotTouchItsFile()
     {
-        files->remove(name);
-        const Food food(name);
-        files->writeElements(name, "<measure name=\"bowl\" amount=\"1\" grams=\"300\"/>");
+        Food food(name);
         QCOMPARE(food.name(), name);
         QCOMPARE(food.curamount(), 100.0F);
         QCOMPARE(food.curunit(), grams);
         QCOMPARE(food.curunitidx(), 0);
-        QCOMPARE(food.gramsOfUnit(QStringLiteral("1 bowl")), std::nullopt);
+        QCOMPARE(food.gramsOfUnit(cup), std::nullopt);
+        files->writeElements(name, "<measure name=\"bowl\" amount=\"1\" grams=\"300\"/>");
+        QCOMPARE(food.getUnitNames(), QStringList({grams, QStringLiteral("1 bowl")}));
     }
 
     void theFirstOfEachQuestionLoads()
@@ -174,6 +174,16 @@ private slots:
         QCOMPARE(food.getUnitNames(), QStringList{grams});
         QCOMPARE(food.getAmountOfNutrient(energy), 0.0F);
         QCOMPARE(food.getGrams(), 100.0F);
+    }
+
+    void titlesAreComparedExactly()
+    {
+        files->writeElements(name,
+            "<measure name=\"Cup\" amount=\"1\" grams=\"300\"/><measure name=\"cup\" amount=\"1\" grams=\"240\"/>");
+        Food food(name);
+        QCOMPARE(food.getUnitNames(), QStringList({grams, QStringLiteral("1 Cup"), cup}));
+        QCOMPARE(food.gramsOfUnit(cup), 240.0F);
+        QCOMPARE(food.gramsOfUnit(QStringLiteral("G")), std::nullopt);
     }
 
     void keepingTheWeightAdaptsTheAmount()

@@ -61,7 +61,7 @@ private slots:
         QCOMPARE(foods.constLast(), QStringLiteral("Zwieback"));
     }
 
-    void theNamesAreThoseOfTheList()
+    void theNamesAreThoseOfTheTable()
     {
         QFile file(QStringLiteral(SOURCE_DIR "/catalog/foods.tsv"));
         QVERIFY(file.open(QIODevice::ReadOnly));
@@ -75,9 +75,9 @@ private slots:
         QCOMPARE(line, foods.size());
     }
 
-    void theFirst20AreTheFixedOnes() { QCOMPARE(foods.first(20), first20); }
+    void theFirst20NamesAreThese() { QCOMPARE(foods.first(20), first20); }
 
-    void theLast10AreTheFixedOnes() { QCOMPARE(foods.last(10), last10); }
+    void theLast10NamesAreThese() { QCOMPARE(foods.last(10), last10); }
 
     void theNamesAscendStrictlyInTheNaturalOrder()
     {
@@ -117,7 +117,7 @@ private slots:
         QCOMPARE(shortest, QStringList({QStringLiteral("Poi"), QStringLiteral("Rye")}));
     }
 
-    void aNameNeighboursTheFixedOne_data()
+    void theNaturalOrderMakesTheseTwoNeighbours_data()
     {
         QTest::addColumn<QString>("first");
         QTest::addColumn<QString>("second");
@@ -138,7 +138,7 @@ private slots:
                                                  << QStringLiteral("OSCAR MAYER, Wieners (beef franks)");
     }
 
-    void aNameNeighboursTheFixedOne()
+    void theNaturalOrderMakesTheseTwoNeighbours()
     {
         QFETCH(QString, first);
         QFETCH(QString, second);
@@ -148,7 +148,7 @@ private slots:
         QCOMPARE(foods.at(place + 1), second);
     }
 
-    void namesAreShownAsStored()
+    void namesKeepTheirCapitalsAndPunctuation()
     {
         QVERIFY(foods.contains(QStringLiteral("Cereals ready-to-eat, QUAKER, CAP'N CRUNCH")));
         QVERIFY(foods.contains(QStringLiteral("Milk, whole, 3.25% milkfat, with added vitamin D")));

@@ -8,8 +8,8 @@
 
 #include <bit>
 #include <clocale>
-#include <limits>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -53,6 +53,7 @@ private slots:
         row("an empty name stays empty", "name='' amount='1' grams='9'", "1 =9");
         row("an infinite amount is written so", "name='x' amount='1e400' grams='9'", "inf x=9");
         row("entities are text", "name='&lt;1&quot; &amp; &#xB5;' amount='1' grams='9'", "1 <1\" & \u00b5=9");
+        row("blanks in a name stay", "name='  small cup ' amount='1' grams='9'", "1   small cup =9");
         row("a unit called g is not the gram", "name='g' amount='1' grams='9'", "1 g=9");
         row("blanks before numbers are skipped", "name='cup' amount=' 2' grams='  7'", "2 cup=7");
         row("a value is not taken for a name", "name='amount' amount='2' grams='9'", "2 amount=9");
@@ -146,6 +147,25 @@ private slots:
         QCOMPARE(food.getAmountOfNutrient(energy), 0.0F);
     }
 
+    void aNutrientThatTheCatalogueLacksIsKeptLikeTheOthers()
+    {
+        const QString omega = QStringLiteral("Omega 3");
+        const auto amountIn = [&](const QByteArray &elements) {
+            files->writeElements(name, elements);
+            return Food(name).getAmountOfNutrient(omega);
+        };
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5.50'/>"), 5.5F);
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5'/><nutrient name='Omega 3' amount='6'/>"), 6.0F);
+        QCOMPARE(amountIn("<nutrient name='Omega 3' amount='5'/><nutrient name='Omega 3'/>"), 0.0F);
+        QCOMPARE(amountIn("<nutrient name='omega 3' amount='5'/>"), 0.0F);
+        files->writeElements(
+            name, "<measure name='cup' amount='1' grams='240'/><nutrient name='Omega 3' amount='7.3'/>");
+        Food food(name);
+        food.setCurunit(QStringLiteral("1 cup"));
+        food.setCuramount(0.5F);
+        QCOMPARE(food.getAmountOfNutrient(omega), 7.3F / 100.0F * 120.0F);
+    }
+
     void otherElementsAreIgnoredAndNestingIsNot()
     {
         files->write(name,
@@ -211,6 +231,24 @@ private slots:
             QCOMPARE(unitsOf(food), units);
             QCOMPARE(food.getAmountOfNutrient(energy), 5.0F);
         }
+    }
+
+    void aRetryAddsToWhatWasReadBefore()
+    {
+        files->write(name,
+            "<food><measure name='cup' amount='1' grams='2'/><nutrient name='Energy' amount='5'/>"
+            "<nutrient name='Protein' amount='3'/></fodo>");
+        Food food(name);
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=2"));
+        files->write(name,
+            "<food><measure name='oz' amount='1' grams='28'/><measure name='cup' amount='1' grams='4'/>"
+            "<nutrient name='Energy' amount='6'/></fodo>");
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=4; 1 oz=28"));
+        QCOMPARE(food.getAmountOfNutrient(energy), 6.0F);
+        QCOMPARE(food.getAmountOfNutrient(QStringLiteral("Protein")), 3.0F);
+        files->remove(name);
+        QCOMPARE(unitsOf(food), QStringLiteral("g=1; 1 cup=4; 1 oz=28"));
+        QCOMPARE(food.getAmountOfNutrient(energy), 6.0F);
     }
 
     void anEntityBombIsStopped()

@@ -102,17 +102,17 @@ private slots:
     }
 
     // The rule, told naively, against the search: for queries without synonyms the two find the same foods.
-    void findsWhatHoldsTheBeginningsOfAllWords()
+    void findsEveryNameThatHasAllTokensAsPrefixes()
     {
         QRandomGenerator random(20261121);
-        std::vector<std::vector<FoodWords::Word>> words;
+        std::vector<std::vector<FoodWords::Token>> words;
         for (const QString &name : names)
-            words.push_back(FoodWords::split(name));
+            words.push_back(FoodWords::tokenize(name));
         const auto namesWith = [&](const QByteArray &beginning) {
-            const auto others = FoodWords::otherNumbers(beginning);
+            const auto others = FoodWords::inflections(beginning);
             std::set<int> list;
             for (std::size_t name = 0; name < words.size(); ++name) {
-                if (std::any_of(words[name].begin(), words[name].end(), [&](const FoodWords::Word &word) {
+                if (std::any_of(words[name].begin(), words[name].end(), [&](const FoodWords::Token &word) {
                         return word.text.startsWith(beginning)
                             || std::find(others.begin(), others.end(), word.text) != others.end();
                     }))
@@ -155,10 +155,12 @@ private slots:
         QVERIFY(search.search(QStringLiteral("cheese, cheddar!")) == hits);
     }
 
-    void aWordTwiceIsAWordOnce()
+    void aRepeatedTokenChangesNothing()
     {
         const std::vector<int> hits = search.search(QStringLiteral("egg"));
         QVERIFY(search.search(QStringLiteral("egg egg EGG")) == hits);
+        // Nor does it use up the number of tokens that count.
+        QVERIFY(search.search(QStringLiteral("egg ").repeated(24) + QStringLiteral("xyzzyplugh")).empty());
     }
 
     void accentsAreTakenAsPlainLetters()
@@ -168,7 +170,7 @@ private slots:
         QVERIFY(search.search(QStringLiteral("crème")) == hits);
     }
 
-    void aNameFindsItsFood_data()
+    void aFullNameFindsItsFoodFirst_data()
     {
         QTest::addColumn<QString>("name");
         for (const int number : {0, 13, 19, 1234, 4711, 7800})
@@ -178,7 +180,7 @@ private slots:
         QTest::newRow("an apostrophe") << QStringLiteral("Cereals ready-to-eat, QUAKER, CAP'N CRUNCH");
     }
 
-    void aNameFindsItsFood()
+    void aFullNameFindsItsFoodFirst()
     {
         QFETCH(QString, name);
         QVERIFY(names.contains(name));
@@ -199,7 +201,7 @@ private slots:
         QCOMPARE(found(QStringLiteral("meatless bacon")).value(0), QStringLiteral("Bacon, meatless"));
     }
 
-    void aWordInNoNameIsTakenAsMisspelt_data()
+    void aTokenInNoNameIsTakenAsMisspelt_data()
     {
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("meant");
@@ -212,12 +214,12 @@ private slots:
         row("a wrong letter", "cheddor", "cheddar");
         row("two letters swapped", "slamon", "salmon");
         row("four letters", "mlik", "milk");
-        row("two slips in eight letters", "brocolli", "broccoli");
-        row("the beginning of a long word", "mozare", "mozzarella");
+        row("two edits in eight letters", "brocolli", "broccoli");
+        row("a prefix of a long word", "mozare", "mozzarella");
         row("one word of two", "chiken breast", "chicken breast");
     }
 
-    void aWordInNoNameIsTakenAsMisspelt()
+    void aTokenInNoNameIsTakenAsMisspelt()
     {
         QFETCH(QString, typed);
         QFETCH(QString, meant);
@@ -226,11 +228,11 @@ private slots:
         QCOMPARE(first.value(0), found(meant).value(0));
     }
 
-    void threeLettersAreNotRepaired() { QVERIFY(found(QStringLiteral("xgg")).isEmpty()); }
+    void aTokenOfThreeLettersIsNotCorrected() { QVERIFY(found(QStringLiteral("xgg")).isEmpty()); }
 
-    void twoSlipsInSevenLettersAreTooMany() { QVERIFY(found(QStringLiteral("slamnon")).isEmpty()); }
+    void anEditDistanceOfTwoIsTooMuchForSevenLetters() { QVERIFY(found(QStringLiteral("slamnon")).isEmpty()); }
 
-    void aWordThatIsInSomeNameIsNotRepaired()
+    void aTokenThatIsInSomeNameIsNotCorrected()
     {
         // "Poi" is a food, so nobody is offered poisson or pork for it.
         QCOMPARE(found(QStringLiteral("poi")).value(0), QStringLiteral("Poi"));
@@ -265,25 +267,25 @@ private slots:
         QVERIFY(!both.empty());
     }
 
-    void theBeginningOfASynonymIsEnough()
+    void aPrefixOfASynonymIsEnough()
     {
         QCOMPARE(found(QStringLiteral("aubergi")), found(QStringLiteral("aubergine")));
         QCOMPARE(found(QStringLiteral("aubergines")), found(QStringLiteral("aubergine")));
     }
 
-    void oneWordForTwoAndTwoForOne()
+    void aCompoundIsFoundWrittenAsOneWordOrAsTwo()
     {
         QCOMPARE(found(QStringLiteral("cornflakes")), found(QStringLiteral("corn flakes")));
         QVERIFY(found(QStringLiteral("soy milk")).value(0).startsWith(QLatin1String("Soymilk")));
     }
 
-    void wordsThatTellAHelpingAreLeftOutWhenNothingHasThem()
+    void wordsForAServingAreDroppedWhenNoNameHasThem()
     {
         QCOMPARE(found(QStringLiteral("a cup of tea")), found(QStringLiteral("tea")));
         QVERIFY(search.search(QStringLiteral("a cup of xyzzy")).empty());
     }
 
-    void noFoodHasAllTheWords()
+    void aQueryThatNoNameMatchesFindsNothing()
     {
         QVERIFY(search.search(QStringLiteral("xyzzyplugh")).empty());
         QVERIFY(search.search(QStringLiteral("milk xyzzyplugh")).empty());
@@ -291,7 +293,7 @@ private slots:
         QVERIFY(search.matchedLetters(0).empty());
     }
 
-    void hostileQueriesEnd_data()
+    void hostileQueriesGiveValidHitsAndLetters_data()
     {
         QTest::addColumn<QString>("query");
         QString alphabet;
@@ -301,13 +303,13 @@ private slots:
         QTest::newRow("10,000 blanks and a letter") << QString(10000, u' ') + u'a';
         QTest::newRow("5,000 words") << alphabet;
         QTest::newRow("one-letter words") << QStringLiteral("a b c d e f g h i j k l m n o p q r s t u v w x y z");
-        QTest::newRow("every beginning of a long word") << QStringLiteral(
+        QTest::newRow("every prefix of a long word") << QStringLiteral(
             "s st str stra straw strawb strawbe strawber strawberr strawberri strawberrie strawberries");
         QTest::newRow("misspelt words") << QStringLiteral("xhicken ").repeated(60);
         QTest::newRow("surrogates and NUL") << QString::fromUtf16(u"\xd800\xdc00 \xd800 \xdfff") + QChar(u'\0');
     }
 
-    void hostileQueriesEnd()
+    void hostileQueriesGiveValidHitsAndLetters()
     {
         QFETCH(QString, query);
         const std::vector<int> hits = search.search(query);
@@ -322,7 +324,7 @@ private slots:
         }
     }
 
-    void onlyTheFirst512CharactersAnd24WordsCount()
+    void onlyTheFirst512CharactersAnd24TokensCount()
     {
         QCOMPARE(search.search(QString(512, u' ') + QStringLiteral("zwieback")).size(), std::size_t(names.size()));
         QCOMPARE(found(QString(504, u' ') + QStringLiteral("zwieback xyzzy")), found(QStringLiteral("zwieback")));
@@ -342,14 +344,14 @@ private slots:
             QTest::newRow(name) << QString::fromLatin1(query) << QString::fromLatin1(letters);
         };
         row("a whole word", "zwieback", "Zwieback");
-        row("a beginning", "zwie", "Zwie....");
+        row("a prefix", "zwie", "Zwie....");
         row("the plural of what was typed", "rutabaga", "Rutabagas.....");
         row("two words, as they stand in the name", "raw rutaba", "Rutaba.....raw");
         row("a misspelt word", "zwiebak", "Zwieback");
         row("a synonym", "aubergine", "Eggplant.....");
         row("words with and without an apostrophe", "kelloggs crispix",
             "......................KELLOGG..KELLOGG'S.CRISPIX");
-        row("the beginning of a word over its apostrophe", "obri home", "..........o'bri....home.........");
+        row("a prefix that ends after an apostrophe", "obri home", "..........o'bri....home.........");
     }
 
     void tellsTheLettersThatMatched()
@@ -358,7 +360,7 @@ private slots:
         QTEST(lettersOfFirstHit(query), "letters");
     }
 
-    void theSameQueryAnswersTheSame()
+    void aRepeatedQueryGivesTheSameHits()
     {
         const std::vector<int> hits = search.search(QStringLiteral("chicken soup"));
         const std::vector<FoodSearch::Letters> letters = search.matchedLetters(hits.front());
@@ -368,7 +370,7 @@ private slots:
         QVERIFY(search.matchedLetters(hits.front()) == letters);
     }
 
-    void searchesOtherNamesToo()
+    void anyListOfNamesCanBeSearched()
     {
         FoodSearch few(
             {QStringLiteral("Bread, rye"), QString(), QStringLiteral("Rye"), QStringLiteral("(odd), ,, ()")});

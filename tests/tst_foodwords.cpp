@@ -10,7 +10,7 @@ namespace {
 QByteArray joined(const QString &text)
 {
     QByteArray words;
-    for (const FoodWords::Word &word : FoodWords::split(text))
+    for (const FoodWords::Token &word : FoodWords::tokenize(text))
         words += (words.isEmpty() ? "" : "|") + word.text;
     return words;
 }
@@ -21,7 +21,7 @@ class FoodWordsTest final : public QObject {
     Q_OBJECT
 
 private slots:
-    void splitsIntoPlainLowerCaseWords_data()
+    void tokensAreLowerCaseAsciiLettersAndDigits_data()
     {
         QTest::addColumn<QString>("text");
         QTest::addColumn<QByteArray>("words");
@@ -45,20 +45,20 @@ private slots:
         row("bytes that are no character are a gap", "milk \xed\xa0\x80 egg", "milk|egg");
     }
 
-    void splitsIntoPlainLowerCaseWords()
+    void tokensAreLowerCaseAsciiLettersAndDigits()
     {
         QFETCH(QString, text);
         QTEST(joined(text), "words");
     }
 
-    void tellsWhereAWordStands()
+    void aTokenKnowsItsPlaceInTheText()
     {
-        const auto words = FoodWords::split(u"Candies, M&M's  Bar");
-        const std::vector<FoodWords::Word> expected{{"candies", 0, 7}, {"m", 9, 1}, {"ms", 11, 3}, {"bar", 16, 3}};
+        const auto words = FoodWords::tokenize(u"Candies, M&M's  Bar");
+        const std::vector<FoodWords::Token> expected{{"candies", 0, 7}, {"m", 9, 1}, {"ms", 11, 3}, {"bar", 16, 3}};
         QVERIFY(words == expected);
     }
 
-    void knowsPluralsAndSingulars_data()
+    void inflectionsArePluralsAndSingulars_data()
     {
         QTest::addColumn<QByteArray>("one");
         QTest::addColumn<QByteArray>("other");
@@ -68,67 +68,67 @@ private slots:
             QTest::newRow(one) << QByteArray(one) << QByteArray(other);
     }
 
-    void knowsPluralsAndSingulars()
+    void inflectionsArePluralsAndSingulars()
     {
         QFETCH(QByteArray, one);
         QFETCH(QByteArray, other);
         const auto contains = [](const std::vector<QByteArray> &words, const QByteArray &word) {
             return std::find(words.begin(), words.end(), word) != words.end();
         };
-        QVERIFY(contains(FoodWords::otherNumbers(one), other));
-        QVERIFY(contains(FoodWords::otherNumbers(other), one));
-        QVERIFY(!contains(FoodWords::otherNumbers(one), one));
+        QVERIFY(contains(FoodWords::inflections(one), other));
+        QVERIFY(contains(FoodWords::inflections(other), one));
+        QVERIFY(!contains(FoodWords::inflections(one), one));
     }
 
-    void aShortWordIsNoEndingAlone()
+    void aWordThatIsAnEndingIsNotCutToNothing()
     {
-        for (const QByteArray &word : FoodWords::otherNumbers("s"))
+        for (const QByteArray &word : FoodWords::inflections("s"))
             QVERIFY(word.startsWith('s'));
     }
 
-    void countsSlips_data()
+    void editDistanceCountsWrongMissingExtraAndSwappedLetters_data()
     {
         QTest::addColumn<QByteArray>("typed");
         QTest::addColumn<QByteArray>("word");
         QTest::addColumn<int>("limit");
-        QTest::addColumn<bool>("beginning");
-        QTest::addColumn<int>("slips");
+        QTest::addColumn<bool>("prefix");
+        QTest::addColumn<int>("distance");
 
         const auto row
-            = [](const char *name, const char *typed, const char *word, int limit, bool beginning, int slips) {
-                  QTest::newRow(name) << QByteArray(typed) << QByteArray(word) << limit << beginning << slips;
+            = [](const char *name, const char *typed, const char *word, int limit, bool prefix, int distance) {
+                  QTest::newRow(name) << QByteArray(typed) << QByteArray(word) << limit << prefix << distance;
               };
         row("none", "milk", "milk", 2, false, 0);
         row("a wrong letter", "melk", "milk", 2, false, 1);
         row("a missing letter", "mik", "milk", 2, false, 1);
         row("a letter too many", "millk", "milk", 2, false, 1);
-        row("two letters swapped are one slip", "mikl", "milk", 2, false, 1);
+        row("two letters swapped are one edit", "mikl", "milk", 2, false, 1);
         row("the first two swapped", "imlk", "milk", 2, false, 1);
         row("a doubled and a single letter", "brocolli", "broccoli", 2, false, 2);
         row("more than the limit is one more", "brocolli", "broccoli", 1, false, 2);
         row("nothing alike", "milk", "eggs", 2, false, 3);
         row("much longer", "milk", "milkshakes", 2, false, 3);
-        row("the beginning of a longer word", "milk", "milkshakes", 2, true, 0);
-        row("a slip in the beginning of a longer word", "mlik", "milkshakes", 2, true, 1);
-        row("the beginning is not the end", "shake", "milkshakes", 2, true, 3);
+        row("a prefix of a longer word", "milk", "milkshakes", 2, true, 0);
+        row("an edit in a prefix of a longer word", "mlik", "milkshakes", 2, true, 1);
+        row("a suffix is no prefix", "shake", "milkshakes", 2, true, 3);
         row("nothing typed", "", "milk", 2, true, 0);
         row("against nothing", "milk", "", 2, false, 3);
     }
 
-    void countsSlips()
+    void editDistanceCountsWrongMissingExtraAndSwappedLetters()
     {
         QFETCH(QByteArray, typed);
         QFETCH(QByteArray, word);
         QFETCH(int, limit);
-        QFETCH(bool, beginning);
-        QTEST(FoodWords::slips(typed, word, limit, beginning), "slips");
+        QFETCH(bool, prefix);
+        QTEST(FoodWords::editDistance(typed, word, limit, prefix), "distance");
     }
 
-    void aWordLongerThanAnyFoodsIsNotMeasured()
+    void wordsOfMoreThan40LettersAreNotComparedInFull()
     {
-        QCOMPARE(FoodWords::slips(QByteArray(10000, 'a'), "milk", 2, true), 3);
-        QCOMPARE(FoodWords::slips("milk", QByteArray(10000, 'm'), 2, false), 3);
-        QCOMPARE(FoodWords::slips(QByteArray(40, 'a'), QByteArray(10000, 'a'), 2, true), 0);
+        QCOMPARE(FoodWords::editDistance(QByteArray(10000, 'a'), "milk", 2, true), 3);
+        QCOMPARE(FoodWords::editDistance("milk", QByteArray(10000, 'm'), 2, false), 3);
+        QCOMPARE(FoodWords::editDistance(QByteArray(40, 'a'), QByteArray(10000, 'a'), 2, true), 0);
     }
 };
 

@@ -6,7 +6,7 @@
 #include "platform/LocalDay.h"
 
 #include "ui/foodsheet/ArrayController.h"
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -43,6 +43,13 @@ private slots:
         QCOMPARE(run.controller.rdamenu->count(), 0);
         for (const float rda : run.controller.rdas)
             QCOMPARE(bitsOf(rda), bitsOf(0.0F));
+    }
+
+    void theControllersWindowIsForEverybodyToSee()
+    {
+        Run run(*home);
+        const AppDelegate &controller = run.controller;
+        QCOMPARE(controller.window, run.interface->mainWindow());
     }
 
     void aFirstRunHasTheDefaultsAndOpensToday()
@@ -109,6 +116,21 @@ private slots:
         QCOMPARE(run.controller.rdamenu->currentIndex(), 0);
     }
 
+    void theFirstDayShowsInBothTables()
+    {
+        {
+            Run run(*home);
+            run.launch();
+            run.add({key("A")});
+            run.terminate();
+        }
+        Run run(*home);
+        run.launch();
+        const auto amount = [](const TableView *table) { return table->model()->index(0, 1).data().toString(); };
+        QCOMPARE(amount(run.controller.logtable), key("100.00"));
+        QCOMPARE(amount(run.controller.nutrienttable), key("2 %"));
+    }
+
     void theUnitLabelIsNotWrittenAtStart()
     {
         Run run(*home);
@@ -152,11 +174,13 @@ private slots:
         QTest::newRow("a number") << QVariant(7LL);
         QTest::newRow("before year 1") << QVariant(QDateTime({-5, 1, 1}, {12, 0}, Qt::UTC));
         QTest::newRow("after year 9999") << QVariant(QDateTime({10000, 1, 2}, {12, 0}, Qt::UTC));
+        QTest::newRow("after year 9999 in the zone alone") << QVariant(QDateTime({9999, 12, 31}, {20, 0}, Qt::UTC));
     }
 
     void aLastDateThatCannotBeShownCountsAsNone()
     {
         QFETCH(QVariant, stored);
+        const TimeZone here("Pacific/Auckland");
         Run run(*home);
         run.store.setObject(stored, key("LastDate"));
         run.launch();
@@ -210,10 +234,11 @@ private slots:
     {
         Run run(*home);
         run.store.setObject(
-            QVariantList({key("12.5 g"), true, false, 2.25, home->now, QByteArray("7"), key("x")}), key("RDAs"));
+            QVariantList({key("12.5 g"), true, false, 2.25, home->now, QByteArray("7"), key("x"), 5'000'000'000LL}),
+            key("RDAs"));
         run.launch();
-        const std::vector<float> read(run.controller.rdas.begin(), run.controller.rdas.begin() + 8);
-        QCOMPARE(read, (std::vector<float>{12.5F, 1.0F, 0.0F, 2.25F, 0.0F, 0.0F, 0.0F, 0.0F}));
+        const std::vector<float> read(run.controller.rdas.begin(), run.controller.rdas.begin() + 9);
+        QCOMPARE(read, (std::vector<float>{12.5F, 1.0F, 0.0F, 2.25F, 0.0F, 0.0F, 0.0F, 5e9F, 0.0F}));
     }
 
     void rdasThatAreNoListCountAsNoneAndAreKept()
@@ -257,6 +282,15 @@ private slots:
         again.launch();
         QCOMPARE(again.names(), QStringList{key("A")});
         QCOMPARE(LocalDay::key(again.controller.curdate), daykey);
+    }
+
+    void theDateIsStoredAlsoWhenItIsNotToBeRemembered()
+    {
+        Run run(*home);
+        run.store.setObject(false, key("RememberDate"));
+        run.launch();
+        run.terminate();
+        QCOMPARE(run.store.objectForKey(key("LastDate")).toDateTime(), home->now);
     }
 
     void withoutACurrentDateOnlyTheRDAsAreStored()

@@ -4,7 +4,7 @@
 #include "platform/LocalDay.h"
 #include "tests/support/Run.h"
 #include "ui/foodsheet/AddFoodSheet.h"
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -99,6 +99,40 @@ private slots:
         QCOMPARE(run->entries(), QStringList{QStringLiteral("Honey 25 g 0")});
     }
 
+    void addingNothingLeavesTheCurrentRowAlone()
+    {
+        const QString honey = QStringLiteral("Honey");
+        run->add({A, honey});
+        table()->setFocus();
+        table()->setCurrentRow(0);
+        QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+        AddFoodSheet *sheet = run->controller.addview;
+        QTRY_COMPARE(QApplication::activeWindow(), sheet);
+        QTest::keyClicks(sheet->focusWidget(), honey);
+        QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+        QTRY_VERIFY(!sheet->isVisible());
+        QCOMPARE(run->names(), QStringList({A, honey}));
+        QCOMPARE(table()->currentIndex().row(), 0);
+    }
+
+    void theSheetMarksTheFoodsOfTheDay()
+    {
+        const QString apricots = QStringLiteral("Apricots, raw");
+        const auto mark = [&] {
+            run->controller.addFood();
+            auto *list = run->controller.addview->findChild<QListView *>(QStringLiteral("foodlist"));
+            const QModelIndex food = list->model()->index(int(run->controller.foodlist.indexOf(apricots)), 0);
+            const QString text = food.data(Qt::AccessibleDescriptionRole).toString();
+            run->controller.addview->reject();
+            return text;
+        };
+        QCOMPARE(mark(), QString());
+        run->add({A, apricots});
+        QCOMPARE(mark(), QStringLiteral("in the log"));
+        run->controller.nextDay();
+        QCOMPARE(mark(), QString());
+    }
+
     void anAmountTypedShowsFreshTotals()
     {
         run->add({A, B});
@@ -145,11 +179,78 @@ private slots:
         QCOMPARE(run->entries(), QStringList({QStringLiteral("A 700 g 0"), QStringLiteral("B 100 g 0")}));
     }
 
+    void whatIsStillBeingComposedGoesToItsRowBeforeACommand()
+    {
+        run->add({A});
+        type(0, QStringLiteral("7"));
+        QInputMethodEvent composing(QStringLiteral("25"), {});
+        QCoreApplication::sendEvent(editor(), &composing);
+        window()->findChild<QAction *>(QStringLiteral("actionpreviousday"))->trigger();
+        run->controller.nextDay();
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 725 g 0")});
+    }
+
+    void aKeyHeldOnGoesNoFurtherThanItsWindow_data()
+    {
+        QTest::addColumn<QString>("action"); // that opens the sheet
+        QTest::addColumn<Qt::Key>("key"); // that closes it
+        QTest::addColumn<bool>("istold"); // that it is a repetition; else it is let go and pressed at one moment
+        for (const bool istold : {true, false}) {
+            const auto row = [istold](const char *which) -> QTestData & {
+                return QTest::addRow("%s, %s", which, istold ? "told" : "not told");
+            };
+            row("Esc in the preferences") << QStringLiteral("actionpreferences") << Qt::Key_Escape << istold;
+            row("Esc in the search") << QStringLiteral("actionaddfood") << Qt::Key_Escape << istold;
+            row("Return in the search") << QStringLiteral("actionaddfood") << Qt::Key_Return << istold;
+        }
+    }
+
+    void aKeyHeldOnGoesNoFurtherThanItsWindow()
+    {
+        QFETCH(QString, action);
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, istold);
+        run->add({A, B});
+        run->select({1});
+        window()->findChild<QAction *>(action)->trigger();
+        QTRY_VERIFY(QApplication::activeWindow() != window());
+        QTest::keyPress(QApplication::focusWidget(), key);
+        window()->activateWindow(); // as a window manager does
+        QTRY_VERIFY(table()->hasFocus());
+        if (istold) {
+            hold(key, {});
+        } else {
+            for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+                QKeyEvent event(type, key, {});
+                event.setTimestamp(70000);
+                QCoreApplication::sendEvent(table(), &event);
+            }
+        }
+        QVERIFY(!editor());
+        QCOMPARE(table()->selectedRowIndexes(), QList<int>{1});
+    }
+
+    void aHeldKeyPressedInAnotherWindowDoesNotReachACommand()
+    {
+        run->add({A, B});
+        run->select({1});
+        table()->setFocus();
+        hold(Qt::Key_X, Qt::ControlModifier);
+        hold(Qt::Key_Delete, {});
+        QCOMPARE(run->names(), QStringList({A, B}));
+        QTest::keyPress(table(), Qt::Key_Up);
+        hold(Qt::Key_Up, {});
+        QCOMPARE(table()->currentIndex().row(), 0); // its own window's keys go on
+        QTest::keyRelease(table(), Qt::Key_Up);
+    }
+
     void closingTheWindowEndsAnOpenEditor()
     {
         run->add({A});
         type(0, QStringLiteral("700"));
-        window()->close();
+        QCloseEvent event; // nothing else: a window that is hidden loses the focus, which ends the editor too
+        QCoreApplication::sendEvent(window(), &event);
+        QVERIFY(!editor());
         QCOMPARE(run->entries(), QStringList{QStringLiteral("A 700 g 0")});
     }
 
@@ -172,11 +273,48 @@ private slots:
         QCOMPARE(run->names(), QStringList());
     }
 
-    void aDateHalfTypedDoesNothingWhenTheWindowGoes()
+    void aDateTypedButNotEnteredIsDroppedByEveryOtherCommand_data()
     {
+        QTest::addColumn<QString>("action");
+        QTest::addColumn<QString>("day");
+        for (const char *name : {"actioncut", "actioncopy", "actionpaste", "actionremove", "actiontoday",
+                 "actionpreferences", "actionselectall", "actiondeselect"})
+            QTest::newRow(name) << QString::fromLatin1(name) << QStringLiteral("2026-11-21");
+        QTest::newRow("actionpreviousday") << QStringLiteral("actionpreviousday") << QStringLiteral("2026-11-20");
+        QTest::newRow("actionnextday") << QStringLiteral("actionnextday") << QStringLiteral("2026-11-22");
+    }
+
+    void aDateTypedButNotEnteredIsDroppedByEveryOtherCommand()
+    {
+        QFETCH(QString, action);
+        run->add({A});
         typeYear();
-        run->interface.reset();
-        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
+        window()->findChild<QAction *>(action)->trigger();
+        QTEST(run->controller.datepicker->text(), "day");
+        run->controller.hidePrefs();
+        table()->setFocus(); // which would enter it
+        QTEST(LocalDay::dateOf(run->controller.curdate).toString(Qt::ISODate), "day");
+    }
+
+    void aDateTypedButNotEnteredIsDroppedAtTheEnd_data()
+    {
+        QTest::addColumn<bool>("closes");
+        QTest::newRow("by closing the window") << true;
+        QTest::newRow("by the session's save, after which the program may stay") << false;
+    }
+
+    void aDateTypedButNotEnteredIsDroppedAtTheEnd()
+    {
+        QFETCH(bool, closes);
+        typeYear();
+        if (closes)
+            window()->close();
+        else
+            run->interface->endEditing();
+        QCOMPARE(run->controller.datepicker->text(), QStringLiteral("2026-11-21"));
+        run->terminate();
+        QCOMPARE(run->store.objectForKey(QStringLiteral("LastDate")).toDateTime(), home->now);
+        QVERIFY(!run->store.objectForKey(QStringLiteral("2025_11_21")).isValid());
     }
 
     void commandsActOnTheLogFromAnywhereInTheWindow_data()
@@ -349,6 +487,15 @@ private:
         picker->setSelectedSection(QDateTimeEdit::YearSection);
         QTest::keyClicks(picker, QStringLiteral("2025"));
         QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
+    }
+    // One repetition of a key that is held down, as the window system gives it: as a shortcut first, then as a key.
+    static void hold(Qt::Key key, Qt::KeyboardModifiers modifiers)
+    {
+        QWidget *focus = QApplication::focusWidget();
+        if (qt_sendShortcutOverrideEvent(focus, 0, key, modifiers, {}, true))
+            return;
+        QKeyEvent repeated(QEvent::KeyPress, key, modifiers, {}, true);
+        QCoreApplication::sendEvent(focus, &repeated);
     }
     // Types into the amount of a row and leaves its editor open.
     void type(int row, const QString &text)

@@ -431,6 +431,27 @@ private slots:
         QCOMPARE(store.read(rdas).bytes, QByteArray("later"));
     }
 
+    void aWriteThatTheDiskLostIsNoticedAndWhatWasSavedIsSavedAnew()
+    {
+        bool isfinished = false;
+        int noticed = 0;
+        for (int operation = 1; !isfinished; ++operation) {
+            layOut();
+            FaultyVfs disk;
+            {
+                UserDefaults defaults(path);
+                disk.arm(Fault::LostWrite, operation, false);
+                QVERIFY(save(defaults, Contents::numbered(2)));
+                isfinished = !disk.hasStruck();
+            }
+            const UserDefaults defaults(path);
+            QCOMPARE(defaults.objectForKey(today), Contents::numbered(2).todaylog);
+            QCOMPARE(defaults.objectForKey(rdas), Contents::numbered(2).rdalist);
+            noticed += files().size() > 1 ? 1 : 0;
+        }
+        QVERIFY(noticed > 2);
+    }
+
     void aFaultDuringTheLastSaveLeavesAllOrNothing()
     {
         bool isfinished = false;

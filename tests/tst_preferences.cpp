@@ -100,6 +100,50 @@ private slots:
         }
     }
 
+    void whatIsStillBeingComposedIsSet_data()
+    {
+        QTest::addColumn<bool>("bykey");
+        QTest::newRow("by Return") << true;
+        QTest::newRow("by the button") << false;
+    }
+
+    void whatIsStillBeingComposedIsSet()
+    {
+        QFETCH(bool, bykey);
+        run->controller.rdainput->setFocus();
+        run->controller.rdainput->selectAll();
+        QInputMethodEvent composing(QStringLiteral("25"), {});
+        QCoreApplication::sendEvent(run->controller.rdainput, &composing);
+        if (bykey)
+            QTest::keyClick(run->controller.rdainput, Qt::Key_Return);
+        else
+            click("setbutton");
+        QCOMPARE(run->controller.rdas[0], 25.0F);
+        QCOMPARE(run->controller.rdainput->text(), QStringLiteral("25.00"));
+    }
+
+    void returnHeldSetsOnce()
+    {
+        type(QStringLiteral("12.345"));
+        for (const bool isrepeated : {false, true, true}) {
+            QKeyEvent pressed(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), isrepeated);
+            QCoreApplication::sendEvent(run->controller.rdainput, &pressed);
+        }
+        QCOMPARE(run->controller.rdas[0], 12.345F); // and not the 12.35 that the field shows
+    }
+
+    void theWheelChangesTheNutrientWithTheFocusAlone()
+    {
+        QComboBox *menu = run->controller.rdamenu;
+        run->controller.rdainput->setFocus();
+        wheel(menu);
+        QCOMPARE(menu->currentIndex(), 0);
+        QVERIFY(!menu->hasFocus());
+        menu->setFocus();
+        wheel(menu);
+        QCOMPARE(menu->currentIndex(), 1);
+    }
+
     void returnSetsTheRDAAndPressesNoButton()
     {
         type(QStringLiteral("1"));
@@ -257,6 +301,15 @@ private:
         run->controller.rdainput->selectAll();
         QTest::keyClick(run->controller.rdainput, Qt::Key_Delete);
         QTest::keyClicks(run->controller.rdainput, text);
+    }
+    // Turned towards the person, by the window system as it were: only such a turn may move the focus.
+    static void wheel(QWidget *widget)
+    {
+        const QPoint place = widget->rect().center();
+        QWheelEvent turned(
+            place, widget->mapToGlobal(place), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QSpontaneKeyEvent::setSpontaneous(&turned);
+        qApp->notify(widget, &turned);
     }
     void click(const char *name)
     {

@@ -5,8 +5,10 @@
 
 #include <QtTest>
 
+#include <array>
 #include <csignal>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -243,6 +245,37 @@ private slots:
         QCOMPARE(home->entries(day).size(), 3);
     }
 
+    void aSignalThatWasIgnoredAtTheStartStaysSo()
+    {
+        Program run(program, *home);
+        run.process.setChildProcessModifier([] { std::signal(SIGHUP, SIG_IGN); });
+        run.start();
+        QTRY_VERIFY(run.hearsSignals());
+        QVERIFY(run.ignores(SIGHUP));
+        run.signal(SIGTERM);
+        QCOMPARE(run.waitForEnd(), 0);
+        QCOMPARE(writes(), lastSave());
+    }
+
+    void aWarningThatNobodyReadsDoesNotEndIt()
+    {
+        Program run(program, *home);
+        run.process.setChildProcessModifier([] {
+            std::array<int, 2> pipe = {-1, -1};
+            if (::pipe(pipe.data()) == 0 && ::dup2(pipe[1], STDERR_FILENO) == STDERR_FILENO)
+                ::close(pipe[0]);
+            std::signal(SIGPIPE, SIG_DFL); // as a desktop leaves it
+        });
+        QProcessEnvironment environment = run.process.processEnvironment();
+        environment.insert(QStringLiteral("QT_LOGGING_RULES"), QStringLiteral("*=true")); // Qt talks a lot
+        run.process.setProcessEnvironment(environment);
+        run.start();
+        QVERIFY(QTest::qWaitFor([&run] { return run.hearsSignals() || run.process.state() != QProcess::Running; }));
+        run.signal(SIGTERM);
+        QCOMPARE(run.waitForEnd(), 0);
+        QCOMPARE(writes(), lastSave());
+    }
+
     void changedRDAsAreSavedWithTheSheetOpen()
     {
         Program run(program, *home, server.get());
@@ -306,20 +339,25 @@ private slots:
     {
         home = std::make_unique<ProgramHome>(); // without a store
         const QStringList before = home->contents();
+        const QStringList folders = {QStringLiteral("data"), QStringLiteral("data/provender")};
         Program run(program, *home, server.get());
         run.process.setChildProcessModifier([] { ::umask(0); });
         QVERIFY(run.startShown());
-        QCOMPARE(home->contents(), before); // a start writes nothing
+        // A start makes no store.
+        QStringList running = before + folders + QStringList(QStringLiteral("data/provender/instance.socket"));
+        running.sort();
+        QCOMPARE(home->contents(), running);
+        struct stat status = {};
+        QCOMPARE(
+            ::stat(qPrintable(QFileInfo(home->storePath()).path() + QStringLiteral("/instance.socket")), &status), 0);
+        QCOMPARE(status.st_mode & 07777, 0600U);
         addFood(run);
         server->press({QStringLiteral("alt+Right"), QStringLiteral("ctrl+q")});
         QCOMPARE(run.waitForEnd(), 0);
         QCOMPARE(run.output(), QByteArray());
-        QStringList after = before;
-        after << QStringLiteral("data") << QStringLiteral("data/provender")
-              << QStringLiteral("data/provender/preferences.sqlite");
+        QStringList after = before + folders + QStringList(QStringLiteral("data/provender/preferences.sqlite"));
         after.sort();
         QCOMPARE(home->contents(), after);
-        struct stat status = {};
         QCOMPARE(::stat(qPrintable(home->storePath()), &status), 0);
         QCOMPARE(status.st_mode & 07777, 0600U);
         QCOMPARE(::stat(qPrintable(QFileInfo(home->storePath()).path()), &status), 0);

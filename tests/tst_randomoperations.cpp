@@ -1,59 +1,40 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "tests/support/Chance.h"
+#include "tests/support/NaiveComparison.h"
 #include "tests/support/NaiveLog.h"
 #include "platform/LocalDay.h"
 #include "tests/support/Run.h"
 
 #include "model/FoodRecord.h"
+#include "ui/foodsheet/ArrayController.h"
+#include "ui/controls/DatePicker.h"
 #include "ui/table/MenuItemUnit.h"
 
+#include <QAction>
+#include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QRandomGenerator>
 #include <QtTest>
 
-#include <random>
+#include <algorithm>
+#include <numeric>
+#include <span>
 
 namespace {
 
 constexpr int days = 6;
-constexpr int foodsinall = 18;
-const QString recalculate = QStringLiteral("RecalculateAmount");
+constexpr std::size_t rowsatmost = 30; // entries without a name, which equal no other, would double with each paste
 
 quint32 seed = 0;
 int operations = 20000;
 
-// What a person, or a cat, may type as an amount.
-constexpr const char *amounttexts[] = {"100", "250", "0.5", "33.3", "1.1", "7", "0.4166667", "12,5", "abc", "", "0",
-    "-0", "-5", "0x10", "1e", "nan", "inf", ".5", "5.", "  +4", "1.5e2x", "3.3333333", "1e-45", "16777217", "1e20"};
-constexpr const char *wildtexts[] = {"1e400", "-1e400", "1e38"};
-constexpr const char *unittitles[] = {"g", "1 cup", "2 slices", "1 crumb", "1 hole", "1 barrel"};
-
-QString foodName(int index)
-{
-    return QStringLiteral("F%1").arg(index, 2, 10, QLatin1Char('0'));
-}
-
-std::string toText(const QString &text)
-{
-    return text.toStdString();
-}
-
-Naive::Text toText(const std::optional<QString> &text)
-{
-    return text ? Naive::Text(text->toStdString()) : std::nullopt;
-}
-
-bool same(const Food &food, const Naive::Text &name, float amount, const Naive::Text &unit, qint32 index)
-{
-    return toText(food.name()) == name && bitsOf(food.curamount()) == bitsOf(amount) && toText(food.curunit()) == unit
-        && food.curunitidx() == index;
-}
-
 } // namespace
 
 // The program and a naive model of it get the same operations, in an order drawn by chance; after each of them all that
-// the program knows of its log must be the same, sums and columns to the bit.
+// the program knows of its log and shows of it must be the same, sums, columns and bars to the bit.
 class RandomOperationsTest final : public QObject {
     Q_OBJECT
 
@@ -61,264 +42,380 @@ private slots:
     void theLogDoesWhatTheNaiveOneDoes()
     {
         qInfo("seed %u, %d operations (--seed N --operations N repeats or changes them)", seed, operations);
-        random.seed(seed);
-        for (int i = 0; i < foodsinall; ++i)
-            writeFile(i);
-        std::vector<std::string> nutrients;
-        for (const QString &name : NutrientCatalogue::names())
-            nutrients.push_back(toText(name));
-        naive = std::make_unique<Naive::Log>(toText(QFileInfo(home.files.pathOf(foodName(0))).path()), nutrients);
+        chance.seed(seed);
+        for (int i = 0; i < Chance::foods; ++i)
+            chance.writeFile(home.files, i);
+        std::vector<Naive::Nutrient> nutrients;
+        for (int i = 0; i < NutrientCatalogue::nutrientCount; ++i)
+            nutrients.push_back({NutrientCatalogue::names()[i].toStdString(),
+                NutrientCatalogue::units()[i].toStdString(), NutrientCatalogue::defaultRDAs()[std::size_t(i)]});
+        naive = std::make_unique<Naive::Log>(
+            QFileInfo(home.files.pathOf(Chance::foodName(0))).path().toStdString(), std::move(nutrients));
         start();
-        naive->openDay(toText(LocalDay::key(home.now)));
 
         QMap<QString, int> done;
         for (int i = 0; i < operations; ++i) {
-            const QString what = operate();
-            ++done[what.section(u' ', 0, 0)];
-            const QString difference = compare();
+            const Operation &operation = drawOperation();
+            ++done[QString::fromLatin1(operation.name)];
+            ++naive->moment;
+            const QString what = (this->*operation.perform)();
+            QString difference = differenceBetween(*run, *naive);
+            if (difference.isEmpty() && !leftday.isEmpty())
+                difference = differenceOfStoredDay(*run, *naive, leftday);
+            leftday.clear();
             if (!difference.isEmpty())
-                QFAIL(qPrintable(
-                    QStringLiteral("seed %1, operation %2 (%3): %4").arg(seed).arg(i).arg(what, difference)));
+                QFAIL(qPrintable(QStringLiteral("seed %1, operation %2 (%3 %4): %5")
+                                     .arg(seed)
+                                     .arg(i)
+                                     .arg(QString::fromLatin1(operation.name), what, difference)));
         }
         qInfo() << done;
         if (operations >= 20000)
-            for (const char *kind :
-                {"add", "remove", "cut", "copy", "paste", "amount", "unit", "select", "day", "reopen", "file"})
-                QVERIFY2(done.value(QString::fromLatin1(kind)) > 0, kind);
+            QCOMPARE(std::size_t(done.size()), allOperations().size());
         run.reset();
     }
 
 private:
-    int draw(int below) { return static_cast<int>(random() % static_cast<quint32>(below)); }
-    bool chance(int percent) { return draw(100) < percent; }
-
-    // A food's file in one of its states: whole, whole with other figures, broken off, or missing.
-    void writeFile(int index)
+    // Does the same to both logs and says what it was.
+    struct Operation {
+        const char *name;
+        int weight; // how often in a thousand it is drawn
+        QString (RandomOperationsTest::*perform)();
+    };
+    static std::span<const Operation> allOperations()
     {
-        if (index % 9 == 8) // these never have one
-            return;
-        const QString name = foodName(index);
-        const int state = draw(30);
-        if (state == 0)
-            return home.files.remove(name);
-        QByteArray elements = "<measure name='cup' amount='1' grams='" + figure()
-            + "'/><measure name='slices' amount='2' grams='" + figure()
-            + "'/><measure name='crumb' amount='1' grams='0'/><measure name='hole' grams='-3.7' amount='1'/>";
-        for (const QString &nutrient : NutrientCatalogue::names())
-            if (chance(60))
-                elements += "<nutrient name='" + nutrient.toUtf8() + "'"
-                    + (chance(3) ? QByteArray() : " amount='" + figure() + "'") + "/>";
-        if (chance(20)) // a title and a name a second time
-            elements += "<measure name='cup' amount='1.4' grams='" + figure() + "'/><nutrient name='Energy' amount='"
-                + figure() + "'/>";
-        if (state == 1) {
-            home.files.write(name, "<food>" + elements.left(draw(int(elements.size()))));
-        } else if (state == 2) {
-            home.files.write(name, "<food>" + elements + "</fodo>");
-        } else {
-            home.files.writeElements(name, elements);
+        using Test = RandomOperationsTest;
+        static constexpr Operation all[] = {
+            {"add", 130, &Test::add},
+            {"add without a name", 15, &Test::addWithoutName},
+            {"select", 145, &Test::select},
+            {"click", 60, &Test::click},
+            {"select by keys", 20, &Test::selectByKeys},
+            {"click a nutrient", 5, &Test::clickNutrient},
+            {"amount", 130, &Test::editAmount},
+            {"unit", 120, &Test::changeUnit},
+            {"remove", 40, &Test::remove},
+            {"cut", 30, &Test::cut},
+            {"copy", 70, &Test::copy},
+            {"paste", 80, &Test::paste},
+            {"open a day", 20, &Test::openDay},
+            {"go to a day", 25, &Test::goToDay},
+            {"choose a date", 10, &Test::chooseDate},
+            {"store a day", 5, &Test::storeDay},
+            {"write a file", 15, &Test::writeAnyFile},
+            {"RDA", 50, &Test::changeRDA},
+            {"reload the nutrients", 23, &Test::updateNutrients},
+            {"switch a setting", 4, &Test::switchSetting},
+            {"preferences", 1, &Test::showPreferences},
+            {"reopen", 2, &Test::reopen},
+        };
+        return all;
+    }
+    const Operation &drawOperation()
+    {
+        int point = chance.draw(1000);
+        for (const Operation &operation : allOperations()) {
+            point -= operation.weight;
+            if (point < 0)
+                return operation;
         }
+        qFatal("the weights make no thousand");
     }
-    QByteArray figure()
-    {
-        static constexpr const char *odd[] = {"0", "1e", "x", "", "-0.5", ".5", "1,5"};
-        if (chance(4))
-            return odd[draw(int(std::size(odd)))];
-        return QByteArray::number(draw(1000)) + '.' + QByteArray::number(draw(1000));
-    }
+
+    int rows() const { return int(naive->foods.size()); }
 
     void start()
     {
         run = std::make_unique<Run>(home);
-        run->launch();
+        naive->rdalabel = run->controller.rdalabel->text().toStdString(); // as described, until a nutrient is chosen
+        run->show();
+        naive->start(home.now.toSecsSinceEpoch());
     }
-
-    QString operate()
+    QString reopen()
     {
-        const int rows = int(naive->foods.size());
-        const int kind = draw(1000);
-        if (kind < 170)
-            return add();
-        if (kind < 430)
-            return select(rows);
-        if (kind < 570 && rows > 0)
-            return editAmount(draw(rows));
-        if (kind < 700 && rows > 0)
-            return changeUnit(draw(rows));
-        if (kind < 740) {
-            naive->remove();
-            run->controller.removeSelected();
-            return QStringLiteral("remove");
-        }
-        if (kind < 770) {
-            naive->cut();
-            run->controller.cut();
-            return QStringLiteral("cut");
-        }
-        if (kind < 840) {
-            naive->copy();
-            run->controller.copy();
-            return QStringLiteral("copy");
-        }
-        if (kind < 930) {
-            naive->paste();
-            run->controller.paste();
-            return QStringLiteral("paste");
-        }
-        if (kind < 980)
-            return openDay();
-        if (kind < 995) {
-            writeFile(draw(foodsinall));
-            return QStringLiteral("file");
-        }
-        if (kind < 998) {
-            run->store.setObject(!run->store.boolForKey(recalculate), recalculate);
-            return QStringLiteral("recalculate");
-        }
-        naive->quitAndStart();
+        naive->quit();
         run->terminate();
         run.reset();
         start();
-        return QStringLiteral("reopen");
+        return {};
     }
 
     QString add()
     {
         QStringList names;
-        std::vector<std::string> plain;
-        for (int count = 1 + draw(3); count > 0; --count) {
-            const QString name = chance(2) ? QStringLiteral("del") : foodName(draw(foodsinall));
+        std::vector<Naive::FoodPointer> plain;
+        for (int count = chance.draw(4); count > 0; --count) {
+            const QString name = chance.anyName();
             names.append(name);
-            plain.push_back(toText(name));
+            plain.push_back(std::make_shared<Naive::Food>());
+            plain.back()->name = name.toStdString();
         }
         naive->add(plain);
-        run->add(names);
-        return QStringLiteral("add ") + names.join(u',');
+        ArrayController *sheet = run->controller.foodlistcontroller;
+        sheet->clearSelection();
+        for (const QString &name : names.mid(0, names.size() / 2))
+            sheet->addFoodToBeAdded(name);
+        sheet->setSelection(names.mid(names.size() / 2));
+        run->controller.addSelectedFoods();
+        return names.join(u',');
     }
-
-    QString select(int rows)
+    QString addWithoutName()
+    {
+        if (naive->foods.size() >= rowsatmost)
+            return {};
+        Naive::Record record = chance.record();
+        record.name.reset();
+        naive->add({foodOf(record)});
+        run->controller.addFoodPriv(std::make_shared<Food>(toFood(record)));
+        run->add({});
+        return {};
+    }
+    QString select()
     {
         QList<int> chosen;
-        std::vector<std::size_t> plain;
-        const int percent = draw(4) * 25;
-        for (int row = 0; row < rows; ++row) {
-            if (chance(percent)) {
+        const int percent = chance.draw(4) * 25;
+        for (int row = 0; row < rows(); ++row)
+            if (chance.percent(percent))
                 chosen.append(row);
-                plain.push_back(static_cast<std::size_t>(row));
-            }
-        }
-        naive->select(plain);
+        propose(chosen);
         run->select(chosen);
-        return QStringLiteral("select");
+        return {};
     }
-
-    QString editAmount(int row)
+    void propose(const QList<int> &chosen) { naive->select({chosen.begin(), chosen.end()}); }
+    // Plain, with Ctrl, or a second one with Shift.
+    QString click()
     {
-        const char *text
-            = chance(2) ? wildtexts[draw(int(std::size(wildtexts)))] : amounttexts[draw(int(std::size(amounttexts)))];
-        naive->editAmount(static_cast<std::size_t>(row), text);
-        run->edit(row, QString::fromLatin1(text));
-        return QStringLiteral("amount %1 of row %2").arg(QString::fromLatin1(text)).arg(row);
-    }
-
-    QString changeUnit(int row)
-    {
-        // The ones without weight make amounts infinite for good, so they come up seldom.
-        const int choice = chance(6) ? 3 + draw(3) : draw(3);
-        MenuItemUnit item;
-        item.setTag(row);
-        item.setTitle(QString::fromLatin1(unittitles[choice]));
-        item.setIdx(draw(7));
-        const bool keepweight = run->store.boolForKey(recalculate);
-        naive->changeUnit(static_cast<std::size_t>(row), unittitles[choice], item.idx(), keepweight);
-        run->controller.updateUnit(item);
-        return QStringLiteral("unit %1 of row %2").arg(item.title()).arg(row);
-    }
-
-    QString openDay()
-    {
-        const QDateTime date = home.now.addDays(draw(days)).addSecs(draw(3600));
-        const QString left = LocalDay::key(run->controller.curdate);
-        naive->openDay(toText(LocalDay::key(date)));
-        run->controller.setDate(date);
-        leftday = left;
-        return QStringLiteral("day ") + LocalDay::key(date);
-    }
-
-    // What the program has and the naive log has not, or the other way round; empty when there is nothing.
-    QString compare()
-    {
-        const TestedAppDelegate &log = run->controller;
-        const std::size_t count = naive->foods.size();
-        if (log.foods.size() != count || std::size_t(log.curdatefoods.size()) != count)
-            return QStringLiteral("%1 entries for %2").arg(log.foods.size()).arg(count);
-        for (std::size_t row = 0; row < count; ++row) {
-            const Naive::Food &food = *naive->foods[row];
-            if (!same(*log.foods[row], food.name, food.amount, food.unit, food.unitindex))
-                return QStringLiteral("entry %1").arg(row);
-            if (!sameRecord(log.curdatefoods[int(row)], naive->records[row]))
-                return QStringLiteral("record %1").arg(row);
-        }
-        if (log.copyfoods.size() != naive->clipboard.size())
-            return QStringLiteral("clipboard size");
-        for (std::size_t i = 0; i < naive->clipboard.size(); ++i) {
-            const Naive::Food &food = *naive->clipboard[i];
-            if (!same(*log.copyfoods[i], food.name, food.amount, food.unit, food.unitindex))
-                return QStringLiteral("clipboard food %1").arg(i);
-        }
-        for (std::size_t i = 0; i < Naive::nutrientcount; ++i) {
-            if (log.nutrients[i].size() != count)
-                return QStringLiteral("length of column %1").arg(i);
-            for (std::size_t row = 0; row < count; ++row)
-                if (bitsOf(log.nutrients[i][row]) != bitsOf(naive->amounts[row][i]))
-                    return QStringLiteral("column %1, row %2").arg(i).arg(row);
-            if (bitsOf(log.nutrientstotal[i]) != bitsOf(naive->total[i]))
-                return QStringLiteral("total %1: %2 for %3")
-                    .arg(i)
-                    .arg(double(log.nutrientstotal[i]))
-                    .arg(double(naive->total[i]));
-            if (bitsOf(log.nutrientsselected[i]) != bitsOf(naive->selected[i]))
-                return QStringLiteral("selected sum %1").arg(i);
-        }
-        QList<int> selection;
-        for (const std::size_t row : naive->selection)
-            selection.append(int(row));
-        if (log.logtable->selectedRowIndexes() != selection)
-            return QStringLiteral("selection");
-        if (toText(log.label->text()) != naive->label)
-            return QStringLiteral("label \"%1\" for \"%2\"")
-                .arg(log.label->text(), QString::fromStdString(naive->label));
-        return compareStore();
-    }
-
-    // The day that was left last, as it is in the store.
-    QString compareStore()
-    {
-        const QString key = std::exchange(leftday, QString());
-        if (key.isEmpty())
+        if (rows() == 0)
             return {};
-        const auto expected = naive->store.find(toText(key));
-        const QVariantList items = run->store.objectForKey(key).toList();
-        if (expected == naive->store.end())
-            return items.isEmpty() ? QString() : QStringLiteral("a day stored too early");
-        if (std::size_t(items.size()) != expected->second.size())
-            return QStringLiteral("stored entries of %1").arg(key);
-        for (std::size_t i = 0; i < expected->second.size(); ++i)
-            if (!sameRecord(items[int(i)].toByteArray(), expected->second[i]))
-                return QStringLiteral("stored entry %1 of %2").arg(i).arg(key);
+        const int row = chance.draw(rows());
+        if (chance.percent(40)) {
+            QList<int> toggled(naive->selection.begin(), naive->selection.end());
+            if (toggled.removeAll(row) == 0)
+                toggled.append(row);
+            std::sort(toggled.begin(), toggled.end());
+            propose(toggled);
+            clickRow(run->controller.logtable, row, Qt::ControlModifier);
+            return QStringLiteral("on row %1 with Ctrl").arg(row);
+        }
+        propose({row});
+        clickRow(run->controller.logtable, row, Qt::NoModifier);
+        if (chance.percent(50))
+            return QStringLiteral("on row %1").arg(row);
+        const int end = chance.draw(rows());
+        QList<int> range;
+        for (int each = std::min(row, end); each <= std::max(row, end); ++each)
+            range.append(each);
+        propose(range);
+        clickRow(run->controller.logtable, end, Qt::ShiftModifier);
+        return QStringLiteral("on row %1 and with Shift on %2").arg(row).arg(end);
+    }
+    static void clickRow(TableView *table, int row, Qt::KeyboardModifiers modifiers)
+    {
+        const QModelIndex cell = table->model()->index(row, 0);
+        table->scrollTo(cell);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, modifiers, table->visualRect(cell).center());
+    }
+    QString selectByKeys()
+    {
+        const bool all = chance.percent(50);
+        QList<int> chosen(all ? rows() : 0);
+        std::iota(chosen.begin(), chosen.end(), 0);
+        propose(chosen);
+        if (all)
+            run->controller.window->findChild<QAction *>(QStringLiteral("actionselectall"))->trigger();
+        else
+            QTest::keyClick(run->controller.logtable, Qt::Key_Escape);
+        return all ? QStringLiteral("all") : QStringLiteral("none");
+    }
+    // Selects nothing.
+    QString clickNutrient()
+    {
+        clickRow(run->controller.nutrienttable, chance.draw(NutrientCatalogue::nutrientCount), Qt::NoModifier);
         return {};
     }
 
-    static bool sameRecord(const QByteArray &data, const Naive::Record &record)
+    QString editAmount()
     {
-        const auto food = FoodRecord::unarchiveObjectWithData(data);
-        return food && same(*food, record.name, record.amount, record.unit, record.unitindex);
+        if (rows() == 0)
+            return {};
+        const int row = chance.draw(rows());
+        const char *text = chance.number();
+        naive->editAmount(std::size_t(row), text);
+        run->edit(row, QString::fromLatin1(text));
+        return QStringLiteral("%1 of row %2").arg(QString::fromLatin1(text)).arg(row);
+    }
+    QString changeUnit()
+    {
+        if (rows() == 0)
+            return {};
+        MenuItemUnit item;
+        item.setTag(chance.draw(rows()));
+        item.setTitle(QString::fromLatin1(chance.unitTitle()));
+        item.setIdx(chance.draw(7));
+        naive->changeUnit(std::size_t(item.tag()), item.title().toStdString(), item.idx());
+        run->controller.updateUnit(item);
+        return QStringLiteral("%1 of row %2").arg(item.title()).arg(item.tag());
+    }
+
+    QString remove()
+    {
+        naive->remove();
+        run->controller.removeSelected();
+        return {};
+    }
+    QString cut()
+    {
+        naive->cut();
+        run->controller.cut();
+        return {};
+    }
+    QString copy()
+    {
+        naive->copy();
+        run->controller.copy();
+        return {};
+    }
+    QString paste()
+    {
+        if (naive->foods.size() + naive->clipboard.size() > rowsatmost)
+            return {};
+        naive->paste();
+        run->controller.paste();
+        return {};
+    }
+
+    // Notes the day that is left, to be looked up in the store.
+    void leaveDay() { leftday = LocalDay::key(run->controller.curdate); }
+    QString openDay()
+    {
+        leaveDay();
+        const QDateTime date = firstday.addDays(chance.draw(days)).addSecs(chance.draw(86400));
+        naive->setDate(date.toSecsSinceEpoch());
+        run->controller.setDate(date);
+        return date.toString(Qt::ISODate);
+    }
+    QString goToDay()
+    {
+        leaveDay();
+        switch (chance.draw(3)) {
+        case 0:
+            naive->previousDay();
+            run->controller.previousDay();
+            return QStringLiteral("before");
+        case 1:
+            naive->nextDay();
+            run->controller.nextDay();
+            return QStringLiteral("after");
+        default:
+            home.now = firstday.addDays(chance.draw(days)).addSecs(chance.draw(86400));
+            naive->today(home.now.toSecsSinceEpoch());
+            run->controller.today();
+            return QStringLiteral("today");
+        }
+    }
+    // In the picker, by hand or by code.
+    QString chooseDate()
+    {
+        leaveDay();
+        DatePicker *picker = run->controller.datepicker;
+        const int ahead = chance.draw(7) - 3;
+        if (chance.percent(50)) {
+            naive->chooseDate(ahead);
+            picker->setDate(picker->date().addDays(ahead));
+        } else {
+            naive->picker += ahead * 40000;
+            picker->setDateValue(instantOf(naive->picker));
+            naive->updateDate();
+            run->controller.updateDate();
+        }
+        return QString::number(ahead);
+    }
+    // Under the key of a day that is not shown.
+    QString storeDay()
+    {
+        const QString key = LocalDay::key(firstday.addDays(chance.draw(days)));
+        if (key == LocalDay::key(run->controller.curdate))
+            return {};
+        std::vector<Naive::Record> &records = naive->store[key.toStdString()];
+        records.clear();
+        QVariantList items;
+        for (int count = chance.draw(6); count > 0; --count) {
+            records.push_back(chance.record());
+            items.append(FoodRecord::archivedDataWithRootObject(toFood(records.back())));
+        }
+        run->store.setObject(items, key);
+        return key;
+    }
+    QString writeAnyFile()
+    {
+        chance.writeFile(home.files, chance.draw(Chance::foods));
+        return {};
+    }
+
+    QString changeRDA()
+    {
+        if (chance.percent(3)) {
+            naive->RDAreset();
+            run->controller.RDAreset();
+            return QStringLiteral("reset");
+        }
+        const int chosen = chance.percent(3) ? -1 : chance.draw(NutrientCatalogue::nutrientCount);
+        naive->rdamenu = chosen;
+        run->controller.rdamenu->setCurrentIndex(chosen);
+        if (chosen < 0 || chance.percent(50)) {
+            naive->RDAtick();
+            run->controller.RDAtick();
+            if (chosen < 0) { // nothing else is ever done without a choice
+                naive->rdamenu = 0;
+                run->controller.rdamenu->setCurrentIndex(0);
+            }
+            return QStringLiteral("tick %1").arg(chosen);
+        }
+        naive->rdainput = chance.number();
+        run->controller.rdainput->setText(QString::fromStdString(naive->rdainput));
+        naive->setRDA();
+        run->controller.setRDA();
+        return QStringLiteral("set %1").arg(chosen);
+    }
+    QString updateNutrients()
+    {
+        naive->updateNutrients();
+        run->controller.updateNutrients();
+        return {};
+    }
+    QString switchSetting()
+    {
+        const std::pair<const char *, bool *> settings[] = {{"UseP", &naive->usep},
+            {"RememberDate", &naive->rememberdate}, {"RecalculateAmount", &naive->recalculateamount}};
+        const auto &[key, value] = settings[chance.draw(3)];
+        *value = !*value;
+        run->store.setObject(*value, QString::fromLatin1(key));
+        return QString::fromLatin1(key);
+    }
+    // Opened, written into and closed.
+    QString showPreferences()
+    {
+        run->controller.showPrefs();
+        run->controller.rdainput->setText(QStringLiteral("not set"));
+        naive->hidePrefs();
+        run->controller.hidePrefs();
+        return {};
+    }
+
+    static Food toFood(const Naive::Record &record)
+    {
+        Food food(toText(record.name));
+        food.setCuramount(record.amount);
+        food.setCurunit(toText(record.unit));
+        food.setCurunitidx(record.unitindex);
+        return food;
     }
 
     Home home;
+    const QDateTime firstday = home.now;
     std::unique_ptr<Run> run;
     std::unique_ptr<Naive::Log> naive;
-    std::mt19937 random;
+    Chance chance;
     QString leftday;
 };
 
@@ -335,6 +432,7 @@ int main(int argc, char **argv)
         else
             arguments.append(QString::fromLocal8Bit(argument));
     }
+    qputenv("QTEST_FUNCTION_TIMEOUT", QByteArray::number(1000 * 60 * 60 * 24)); // many operations take long
     const QApplication application(argc, argv);
     RandomOperationsTest test;
     return QTest::qExec(&test, arguments);

@@ -6,6 +6,7 @@
 #include <QAccessible>
 #include <QSignalSpy>
 
+#include <functional>
 #include <utility>
 
 namespace {
@@ -19,6 +20,21 @@ QStringList none()
 
 class TableEditingTest final : public LogWindowTest {
     Q_OBJECT
+
+    // One repetition of a key that is held down.
+    static void hold(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier, const QString &text = {})
+    {
+        QKeyEvent event(QEvent::KeyPress, key, modifiers, text, true);
+        QCoreApplication::sendEvent(qApp->focusWidget(), &event);
+    }
+
+    // What an input method sends to the widget with the focus.
+    static void compose(const QString &composition, const QString &committed = {})
+    {
+        QInputMethodEvent event(composition, {});
+        event.setCommitString(committed);
+        QCoreApplication::sendEvent(qApp->focusWidget(), &event);
+    }
 
 private slots:
     void init() { makeWindow(); }
@@ -95,6 +111,140 @@ private slots:
         QCOMPARE(source.notes, none());
     }
 
+    void aKeyHeldOnOpensNothingAndClearsNothing_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("text");
+        const Qt::KeyboardModifiers none;
+        QTest::newRow("Return") << Qt::Key_Return << none << QString();
+        QTest::newRow("F2") << Qt::Key_F2 << none << QString();
+        QTest::newRow("a digit") << Qt::Key_5 << none << QStringLiteral("5");
+        QTest::newRow("Space") << Qt::Key_Space << none << QStringLiteral(" ");
+        QTest::newRow("Alt+Down") << Qt::Key_Down << Qt::KeyboardModifiers(Qt::AltModifier) << QString();
+        QTest::newRow("Esc") << Qt::Key_Escape << none << QString();
+    }
+
+    void aKeyHeldOnOpensNothingAndClearsNothing()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        QFETCH(QString, text);
+        makeCurrent(2, name);
+        table->selectRowIndexes({2});
+        hold(key, modifiers, text);
+        QVERIFY(editor() == nullptr);
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
+    }
+
+    void aKeyThatOpensAnEditorNeitherClosesItNorOpensTheNextWhileItIsHeld()
+    {
+        makeCurrent(2, name);
+        press(Qt::Key_Return);
+        hold(Qt::Key_Return);
+        QCOMPARE(editedRow(), 2);
+        press(Qt::Key_Tab);
+        hold(Qt::Key_Tab, {}, QStringLiteral("\t"));
+        QCOMPARE(editedRow(), 3);
+        hold(Qt::Key_5, {}, QStringLiteral("5"));
+        hold(Qt::Key_5, {}, QStringLiteral("5"));
+        QCOMPARE(editor()->text(), QStringLiteral("55"));
+    }
+
+    void aHeldArrowKeyGoesOn()
+    {
+        makeCurrent(0, name);
+        press(Qt::Key_Down);
+        hold(Qt::Key_Down);
+        hold(Qt::Key_Down);
+        QCOMPARE(table->currentIndex().row(), 3);
+    }
+
+    // Input methods
+
+    void whatAnInputMethodCommitsOnTheAmountOpensItAsATypedDigitDoes_data()
+    {
+        QTest::addColumn<QString>("committed");
+        QTest::addColumn<bool>("opens");
+        QTest::newRow("a digit") << QStringLiteral("2") << true;
+        QTest::newRow("several") << QStringLiteral("25") << true;
+        QTest::newRow("a point") << QStringLiteral(".5") << true;
+        QTest::newRow("a letter") << QStringLiteral("a2") << false;
+        QTest::newRow("nothing") << QString() << false;
+    }
+
+    void whatAnInputMethodCommitsOnTheAmountOpensItAsATypedDigitDoes()
+    {
+        QFETCH(QString, committed);
+        QFETCH(bool, opens);
+        makeCurrent(2, amount);
+        compose({}, committed);
+        QCOMPARE(editor() != nullptr, opens);
+        if (!opens)
+            return;
+        QCOMPARE(editor()->text(), committed);
+        QVERIFY(editor()->hasFocus());
+        type("7");
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = ") + committed + u'7'});
+    }
+
+    void aCompositionBegunOnTheAmountEndsInItsEditor()
+    {
+        makeCurrent(2, amount);
+        compose(QStringLiteral("2"));
+        compose(QStringLiteral("25"));
+        QCOMPARE(editedRow(), 2);
+        compose({}, QStringLiteral("25"));
+        QVERIFY(editor()->hasFocus());
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = 25")});
+        press(Qt::Key_3);
+        QVERIFY(editor()->hasFocus());
+    }
+
+    void whatIsStillBeingComposedIsDelivered_data()
+    {
+        QTest::addColumn<bool>("inthecell"); // or in the open editor
+        QTest::addColumn<std::function<void()>>("end");
+        for (const bool inthecell : {false, true}) {
+            const auto row = [&](const char *how) -> QTestData & {
+                return QTest::addRow("%s, %s", how, inthecell ? "begun on the cell" : "in the editor") << inthecell;
+            };
+            row("by a command") << std::function([this] { table->endEditing(); });
+            row("by the focus") << std::function([this] { after->setFocus(); });
+        }
+        const auto row = [](const char *how) -> QTestData & { return QTest::newRow(how) << false; };
+        row("by Return") << std::function([this] { press(Qt::Key_Return); });
+        row("by Tab") << std::function([this] { press(Qt::Key_Tab); });
+    }
+
+    void whatIsStillBeingComposedIsDelivered()
+    {
+        QFETCH(bool, inthecell);
+        QFETCH(std::function<void()>, end);
+        makeCurrent(2, amount);
+        if (!inthecell)
+            press(Qt::Key_F2);
+        compose(QStringLiteral("25"));
+        end();
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = 25")});
+        table->endEditing();
+        table->setFocus();
+        press(Qt::Key_3); // the next edit has the focus again
+        QCOMPARE(editor(), qApp->focusWidget());
+    }
+
+    void escapeDropsWhatIsBeingComposed()
+    {
+        makeCurrent(2, amount);
+        press(Qt::Key_F2);
+        compose(QStringLiteral("25"));
+        press(Qt::Key_Escape);
+        QCOMPARE(source.notes, none());
+    }
+
     void aDoubleClickOpensTheRowsAmount_data()
     {
         QTest::addColumn<int>("column");
@@ -111,6 +261,14 @@ private slots:
         QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 3, column));
         QCOMPARE(editedRow(), 3);
         QCOMPARE(editor()->selectedText(), QStringLiteral("3.00"));
+    }
+
+    void aDoubleClickWithAnotherButtonOpensNothing()
+    {
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mouseDClick(table->viewport(), button, {}, middleOf(*table, 3, amount));
+            QVERIFY(editor() == nullptr);
+        }
     }
 
     void aDoubleClickBelowTheRowsOpensNothing()

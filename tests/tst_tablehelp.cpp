@@ -71,12 +71,14 @@ private slots:
     void theDelegatesTextIsTheToolTip()
     {
         source.tooltip = QStringLiteral("Mostly from eggs");
+        table->reloadData();
         QCOMPARE(toolTipOfRow(0), source.tooltip);
     }
 
     void aToolTipIsNeverReadAsMarkup()
     {
         source.tooltip = QStringLiteral("<b>Milk</b>");
+        table->reloadData();
         QCOMPARE(toolTipOfRow(0), Qt::convertFromPlainText(source.tooltip));
     }
 

@@ -134,6 +134,15 @@ private slots:
         QCOMPARE(unitCell(0).indexOfSelectedItem(), 2);
     }
 
+    void theUnitShownIsComparedExactly()
+    {
+        home->files.writeElements(
+            A, "<measure name='cup' amount='1' grams='240'/><measure name='Cup' amount='1' grams='300'/>");
+        run->add({A});
+        run->controller.foods[0]->setCurunit(QStringLiteral("1 cup"));
+        QCOMPARE(unitCell(0).indexOfSelectedItem(), 1);
+    }
+
     void anUnknownOrAbsentUnitSelectsTheFirst()
     {
         run->add({A});
@@ -221,6 +230,9 @@ private slots:
         run->controller.nutrientstotal[31] = 90.0F;
         QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("150 %"));
         QCOMPARE(bar(31).percent(), 1.5F);
+        run->controller.nutrientstotal[31] = 60'000'000.0F; // however much it is
+        QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("100000000 %"));
+        QCOMPARE(bar(31).percent(), 1'000'000.0F);
     }
 
     void aPercentageIsMultipliedInFloat()
@@ -318,6 +330,35 @@ private slots:
         run->add({A});
         QCOMPARE(run->controller.toolTipForCell(run->controller.logtable, name, 0), A);
         QCOMPARE(run->controller.toolTipForCell(run->controller.logtable, amount, 0), QString());
+    }
+
+    void whatACellShowsAndSaysIsOfOneMoment()
+    {
+        run->controller.rdas[0] = 10.0F;
+        run->add({A});
+        run->interface->show();
+        QVERIFY(QTest::qWaitForWindowExposed(run->interface->mainWindow()));
+        TableView *nutrients = run->controller.nutrienttable;
+        TableView *log = run->controller.logtable;
+        nutrients->reloadData();
+        const QImage bars = nutrients->viewport()->grab().toImage();
+        const QImage entries = log->viewport()->grab().toImage();
+        run->controller.RDAreset(); // without a reload
+        run->controller.foods[0]->setCurunit(QStringLiteral("1 cup"));
+        QCOMPARE(nutrients->viewport()->grab().toImage(), bars);
+        QCOMPARE(log->viewport()->grab().toImage(), entries);
+        const QModelIndex energy = nutrients->model()->index(0, 1);
+        QCOMPARE(energy.data().toString(), QStringLiteral("500 %"));
+        for (const int role : {int(Qt::ToolTipRole), int(Qt::AccessibleDescriptionRole)})
+            QVERIFY(energy.data(role).toString().startsWith(
+                QStringLiteral("Energy, 50.00 kcal, 500 % of the RDA (10.00 ")));
+        QCOMPARE(log->model()->index(0, 2).data().toString(), QStringLiteral("g"));
+        nutrients->reloadData();
+        log->reloadData();
+        QVERIFY(nutrients->viewport()->grab().toImage() != bars);
+        QCOMPARE(energy.data().toString(), QStringLiteral("2 %"));
+        QVERIFY(energy.data(Qt::ToolTipRole).toString().contains(QStringLiteral("2 % of the RDA (2000.00 ")));
+        QCOMPARE(log->model()->index(0, 2).data().toString(), QStringLiteral("1 cup"));
     }
 
     void updateNutrientsReloadsTheNutrients()

@@ -211,7 +211,10 @@ private slots:
     void aCellIsPreparedRightBeforeEveryUse()
     {
         load(2);
-        source.entries[0].unit = 2; // not a value: prepared afresh each time
+        source.entries[0].unit = 2;
+        QCOMPARE(shown(0, 2), QStringLiteral("cup & 0")); // however it is prepared, it looks as it did
+        table->reloadData();
+        source.forget();
         QCOMPARE(shown(0, 2), QStringLiteral("slice"));
         QCOMPARE(shown(1, 2), QStringLiteral("cup & 1"));
         QCOMPARE(shown(0, 2), QStringLiteral("slice"));
@@ -498,6 +501,8 @@ private slots:
         QVERIFY(!model->headerData(-1, Qt::Horizontal).isValid());
         QVERIFY(!model->setData(model->index(0, 1), 5, Qt::DisplayRole));
         QVERIFY(!model->setData({}, 5));
+        source.entries.resize(1);
+        QVERIFY(!model->setData(model->index(1, 1), 5)); // a row that is gone
         QCOMPARE(source.notes, none());
     }
 

@@ -4,6 +4,7 @@
 #include "tests/support/LogWindowTest.h"
 
 #include <QAccessible>
+#include <QScreen>
 
 namespace {
 
@@ -16,6 +17,21 @@ QStringList none()
 
 class UnitMenuTest final : public LogWindowTest {
     Q_OBJECT
+
+    // Where the open menu's chosen item is on the screen.
+    QRect chosenItem() const
+    {
+        const QMenu *menu = openMenuOf(*table);
+        return menu->actionGeometry(menu->activeAction()).translated(menu->pos());
+    }
+
+    static void mouse(QEvent::Type type, QWidget *widget, QPoint place, int milliseconds)
+    {
+        QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton,
+            type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
+        event.setTimestamp(quint64(milliseconds));
+        QCoreApplication::sendEvent(widget, &event);
+    }
 
 private slots:
     void init() { makeWindow(); }
@@ -33,9 +49,72 @@ private slots:
         QVERIFY(!menu->actions().at(0)->isChecked());
         QCOMPARE(table->currentIndex().row(), 2);
         QCOMPARE(table->selectedRowIndexes(), QList<int>());
-        const QPoint corner = table->viewport()->mapToGlobal(table->visualRect(cellAt(*table, 2, unit)).bottomLeft());
-        QCOMPARE(menu->pos(), corner);
+        QVERIFY(chosenItem().contains(table->viewport()->mapToGlobal(middleOf(*table, 2, unit))));
         QCOMPARE(QAccessible::queryAccessibleInterface(menu)->text(QAccessible::Name), QStringLiteral("Unit"));
+    }
+
+    void theMenuIsOverItsCellAsFarAsTheScreenReaches_data()
+    {
+        QTest::addColumn<bool>("attop"); // of the screen, or at its bottom
+        QTest::addColumn<int>("chosen");
+        QTest::addColumn<bool>("isoverit");
+        QTest::newRow("the first item at the top") << true << 0 << true;
+        QTest::newRow("the last item at the top") << true << 2 << false;
+        QTest::newRow("the first item at the bottom") << false << 0 << false;
+        QTest::newRow("the last item at the bottom") << false << 2 << true;
+    }
+
+    void theMenuIsOverItsCellAsFarAsTheScreenReaches()
+    {
+        QFETCH(bool, attop);
+        QFETCH(int, chosen);
+        constexpr int room = 30; // for an item and no more
+        source.entries[2].unit = chosen;
+        table->reloadData();
+        const QPoint place = middleOf(*table, 2, unit);
+        const QRect screen = window->screen()->availableGeometry();
+        const int wanted = attop ? screen.top() + room : screen.bottom() - room;
+        window->move(window->pos() + QPoint(0, wanted - table->viewport()->mapToGlobal(place).y()));
+        QTRY_VERIFY(qAbs(table->viewport()->mapToGlobal(place).y() - wanted) < 5);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, place);
+        QVERIFY(screen.contains(openMenuOf(*table)->geometry()));
+        QTEST(chosenItem().contains(table->viewport()->mapToGlobal(place)), "isoverit");
+    }
+
+    void withinADoubleClicksTimeOfTheOpeningPressTheMouseChoosesNothing_data()
+    {
+        QTest::addColumn<int>("later"); // than the press that opened the menu, in milliseconds
+        QTest::addColumn<bool>("chooses");
+        const int interval = QApplication::doubleClickInterval();
+        QTest::newRow("at once") << 0 << false;
+        QTest::newRow("just within it") << interval - 1 << false;
+        QTest::newRow("after it") << interval << true;
+    }
+
+    void withinADoubleClicksTimeOfTheOpeningPressTheMouseChoosesNothing()
+    {
+        QFETCH(int, later);
+        QFETCH(bool, chooses);
+        constexpr int opened = 50000;
+        mouse(QEvent::MouseButtonPress, table->viewport(), middleOf(*table, 2, unit), opened);
+        QMenu *menu = openMenuOf(*table);
+        QVERIFY(menu != nullptr);
+        const QPoint other = menu->actionGeometry(menu->actions().at(0)).center();
+        mouse(QEvent::MouseButtonPress, menu, other, opened + later);
+        mouse(QEvent::MouseButtonRelease, menu, other, opened + later);
+        QCOMPARE(source.notes, chooses ? QStringList{QStringLiteral("unit 2 = 0 g")} : none());
+        QCOMPARE(openMenuOf(*table) == nullptr, chooses);
+    }
+
+    void aMenuOpenedByAKeyTakesAPressAtOnce()
+    {
+        makeCurrent(2, name);
+        press(Qt::Key_Space);
+        QMenu *menu = openMenuOf(*table);
+        const QPoint other = menu->actionGeometry(menu->actions().at(0)).center();
+        mouse(QEvent::MouseButtonPress, menu, other, 1);
+        mouse(QEvent::MouseButtonRelease, menu, other, 2);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("unit 2 = 0 g")});
     }
 
     void aDoubleClickWhoseFirstClickChoseAnItemOpensTheMenuAgainAndNoEditor()
@@ -60,6 +139,16 @@ private slots:
         QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 2, unit));
         QVERIFY(openMenuOf(*table) == nullptr);
         QCOMPARE(table->selectedRowIndexes(), QList<int>{2});
+    }
+
+    void anotherButtonOpensNoMenu()
+    {
+        for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+            QTest::mouseClick(table->viewport(), button, {}, middleOf(*table, 2, unit));
+            QVERIFY(openMenuOf(*table) == nullptr);
+            QTest::mouseDClick(table->viewport(), button, {}, middleOf(*table, 2, unit));
+            QVERIFY(openMenuOf(*table) == nullptr);
+        }
     }
 
     void aKeyOpensTheMenuOfTheCurrentRow_data()
@@ -130,10 +219,12 @@ private slots:
     {
         makeCurrent(1, name);
         type("12");
-        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 2, unit));
+        source.onEdit = [this] { source.entries[1].units.append(QStringLiteral("added by the edit")); };
+        press(Qt::Key_Down, Qt::AltModifier); // which the editor leaves to its table
         QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 1 = 12")});
         QVERIFY(editor() == nullptr);
         QVERIFY(openMenuOf(*table) != nullptr);
+        QCOMPARE(openMenuOf(*table)->actions().size(), 4);
     }
 
     void aReloadAndTheEndOfEditingCloseTheMenu()

@@ -152,6 +152,15 @@ private slots:
         QCOMPARE(defaults.objectForKey(QStringLiteral("other")), QVariant(1));
     }
 
+    void aFlagReadBeforeItsDefaultIsRegisteredFollowsIt()
+    {
+        const QString flag = QStringLiteral("UseP");
+        UserDefaults defaults(path);
+        QVERIFY(!defaults.boolForKey(flag));
+        defaults.registerDefaults({{flag, QStringLiteral("YES")}});
+        QVERIFY(defaults.boolForKey(flag));
+    }
+
     void registeredDefaultsAreNeverWritten()
     {
         {
@@ -307,21 +316,6 @@ private slots:
         QCOMPARE(mine.storePath(), path);
         UserDefaults::setStandardUserDefaults(nullptr);
         QCOMPARE(UserDefaults::standardUserDefaults().storePath(), UserDefaults::standardStorePath());
-    }
-
-    void theStandardStoreIsInTheUsersDataFolder()
-    {
-        const QByteArray former = qgetenv("XDG_DATA_HOME");
-        const QString fallback = QDir::homePath() + QStringLiteral("/.local/share/provender/preferences.sqlite");
-        qputenv("XDG_DATA_HOME", "/data/of/mine");
-        QCOMPARE(UserDefaults::standardStorePath(), QStringLiteral("/data/of/mine/provender/preferences.sqlite"));
-        qputenv("XDG_DATA_HOME", "relative/folder");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qputenv("XDG_DATA_HOME", "");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qunsetenv("XDG_DATA_HOME");
-        QCOMPARE(UserDefaults::standardStorePath(), fallback);
-        qputenv("XDG_DATA_HOME", former);
     }
 };
 

@@ -34,10 +34,10 @@ std::string shifted(std::int64_t value, int decimals)
     std::string text = std::to_string(value);
     if (decimals == 0)
         return text;
-    const auto behind = static_cast<std::size_t>(decimals);
-    if (text.size() <= behind)
-        text.insert(0, behind + 1 - text.size(), '0');
-    text.insert(text.size() - behind, 1, '.');
+    const auto places = static_cast<std::size_t>(decimals);
+    if (text.size() <= places)
+        text.insert(0, places + 1 - text.size(), '0');
+    text.insert(text.size() - places, 1, '.');
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.')
         text.pop_back();
@@ -49,17 +49,17 @@ std::string shifted(std::int64_t value, int decimals)
 std::optional<Decimal> Decimal::fromText(std::string_view text)
 {
     const std::size_t period = text.find('.');
-    std::string_view before = text.substr(0, period);
-    const std::string_view behind = period == std::string_view::npos ? std::string_view() : text.substr(period + 1);
-    before.remove_prefix(std::min(before.find_first_not_of('0'), before.size()));
-    if (text.empty() || text == "." || before.size() > digitLimit || behind.size() > digitLimit || !allDigits(before)
-        || !allDigits(behind))
+    std::string_view whole = text.substr(0, period);
+    const std::string_view fraction = period == std::string_view::npos ? std::string_view() : text.substr(period + 1);
+    whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
+    if (text.empty() || text == "." || whole.size() > digitLimit || fraction.size() > digitLimit || !allDigits(whole)
+        || !allDigits(fraction))
         return std::nullopt;
     std::int64_t value = 0;
-    for (const char c : before)
+    for (const char c : whole)
         value = value * 10 + (c - '0');
     for (std::size_t i = 0; i < digitLimit; ++i)
-        value = value * 10 + (i < behind.size() ? behind[i] - '0' : 0);
+        value = value * 10 + (i < fraction.size() ? fraction[i] - '0' : 0);
     return Decimal{.millionths = value};
 }
 

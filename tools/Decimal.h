@@ -9,7 +9,7 @@
 #include <string_view>
 
 // A figure of the release tables, held exactly in millionths: sums of table figures must come out as a person adding
-// them on paper gets them, which binary fractions do not do. The limits (six digits before the period and six behind
+// them on paper gets them, which binary fractions do not do. The limits (six digits before the period and six after
 // it) are far from any figure of the tables and keep every product below within 64 bits.
 struct Decimal final {
     static constexpr std::int64_t unit = 1'000'000;

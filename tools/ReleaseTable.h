@@ -21,7 +21,7 @@ public:
         : rest(whole)
     { }
 
-    // The next line without its line end (LF or CRLF); false behind the last one.
+    // The next line without its line end (LF or CRLF); false after the last one.
     [[nodiscard]] bool next(std::string_view &line);
     [[nodiscard]] int number() const { return count; }
 
@@ -38,7 +38,7 @@ public:
     ReleaseTable(const std::string &folder, const std::string &name, std::size_t fields);
     Q_DISABLE_COPY_MOVE(ReleaseTable)
 
-    // Goes to the next row; false behind the last one.
+    // Goes to the next row; false after the last one.
     [[nodiscard]] bool next();
 
     // A text field without its tildes, as UTF-8, and a text that consists of this many digits.

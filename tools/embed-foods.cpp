@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 // embed-foods <foods.tsv> <output>: the build step that makes the food catalogue's names a part of the program. Writes
-// a piece of C++ with `names`, all names one behind the other, and `lengths`. Only what would spoil that text is
+// a piece of C++ with `names`, all names one after the other, and `lengths`. Only what would spoil that text is
 // refused here; the importer and the tests hold the names to the catalogue's rules.
 
 #include <algorithm>

@@ -134,7 +134,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
 void MainInterface::connectCommands()
 {
     connect(main->actionaddfood, &QAction::triggered, this, [this] {
-        endEditing();
+        main->logtable->endEditing();
         // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
         main->datepicker->interpretText();
         controller.addFood();
@@ -167,7 +167,7 @@ void MainInterface::connectCommands()
         connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
-        endEditing();
+        main->logtable->endEditing();
         controller.updateDate();
         showKept();
     });
@@ -193,8 +193,12 @@ void MainInterface::connectCommands()
 void MainInterface::connectPreferences()
 {
     connect(prefs->rdamenu, &QComboBox::activated, this, [this] { controller.RDAtick(); });
-    connect(prefs->rdainput, &QLineEdit::returnPressed, this, [this] { controller.setRDA(); });
-    connect(prefs->setbutton, &QAbstractButton::clicked, this, [this] { controller.setRDA(); });
+    const auto set = [this] {
+        prefs->rdainput->commitComposition();
+        controller.setRDA();
+    };
+    connect(prefs->rdainput, &QLineEdit::returnPressed, this, set);
+    connect(prefs->setbutton, &QAbstractButton::clicked, this, set);
     connect(prefs->resetbutton, &QAbstractButton::clicked, this, [this] { controller.RDAreset(); });
     connect(prefs->closebutton, &QAbstractButton::clicked, this, [this] { controller.hidePrefs(); });
     connect(preferences, &PreferencesSheet::hidePrefs, this, [this] { controller.hidePrefs(); });
@@ -264,6 +268,7 @@ void MainInterface::raise()
 void MainInterface::endEditing()
 {
     main->logtable->endEditing();
+    main->datepicker->discardTyped();
 }
 
 void MainInterface::saveWindowState(UserDefaults &store) const

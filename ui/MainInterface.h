@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "ui/InputGuard.h"
+
 #include <QObject>
 
 #include <memory>
@@ -33,7 +35,8 @@ public:
     void show();
     // Brings the window to the front for a second start of the program.
     void raise();
-    // Ends an open amount editor; what was typed goes to its row.
+    // Ends an open amount editor, whose text goes to its row, and drops a date that was typed and not entered. What
+    // comes before every command but one, and before the end.
     void endEditing();
     // Writes the window's place and the splitter's.
     void saveWindowState(UserDefaults &store) const;
@@ -55,7 +58,7 @@ private:
     // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
     void showKept();
 
-    // Sends the operation when the action is chosen, after ending an open editor.
+    // Sends the operation when the action is chosen, after endEditing().
     void connectCommand(QAction *action, Operation operation);
 
     AppDelegate &controller;
@@ -64,4 +67,5 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    InputGuard inputguard;
 };

@@ -68,26 +68,36 @@ QString AppDelegate::nutrientSentence(int index) const
 }
 
 // The three shown entries that give most of a displayed sum, with their shares; empty when the sum is not above 0.
+// Asked for with every bar: one pass, nothing sorted.
 QString AppDelegate::mainSources(int index) const
 {
     const float sum = displayedSum(index);
     if (!(sum > 0.0F))
         return {};
     const std::vector<float> &amounts = nutrients[static_cast<std::size_t>(index)];
-    std::vector<std::size_t> rows;
+    std::array<std::size_t, 3> most{}; // rows
+    std::size_t count = 0;
+    const auto consider = [&](std::size_t row) {
+        if (row >= amounts.size() || !(amounts[row] > 0.0F))
+            return;
+        std::size_t place = count;
+        while (place > 0 && amounts[row] > amounts[most[place - 1]]) // equal amounts stay in log order
+            --place;
+        if (place == most.size())
+            return;
+        count = std::min(count + 1, most.size());
+        std::copy_backward(most.begin() + place, most.begin() + count - 1, most.begin() + count);
+        most[place] = row;
+    };
     const QList<int> selected = logtable->selectedRowIndexes();
-    for (std::size_t row = 0; row < amounts.size(); ++row)
-        if (amounts[row] > 0.0F
-            && (selected.isEmpty() || std::binary_search(selected.begin(), selected.end(), static_cast<int>(row))))
-            rows.push_back(row);
-    const std::size_t shown = std::min<std::size_t>(rows.size(), 3);
-    // Equal amounts stay in log order.
-    std::partial_sort(rows.begin(), rows.begin() + static_cast<std::ptrdiff_t>(shown), rows.end(),
-        [&](std::size_t a, std::size_t b) { return amounts[a] > amounts[b] || (amounts[a] == amounts[b] && a < b); });
+    for (const int row : selected)
+        consider(static_cast<std::size_t>(row));
+    for (std::size_t row = 0; selected.isEmpty() && row < amounts.size(); ++row)
+        consider(row);
     QStringList sources;
-    for (std::size_t i = 0; i < shown; ++i)
-        sources.append(foods[rows[i]]->name().value_or(QString()) + u' '
-            + NumberText::fixed(double(amounts[rows[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
+    for (std::size_t i = 0; i < count; ++i)
+        sources.append(foods[most[i]]->name().value_or(QString()) + u' '
+            + NumberText::fixed(double(amounts[most[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
     return sources.join(QStringLiteral("; "));
 }
 

@@ -50,8 +50,12 @@ int readFile(sqlite3_file *file, void *bytes, int size, sqlite3_int64 offset)
 
 int writeFile(sqlite3_file *file, const void *bytes, int size, sqlite3_int64 offset)
 {
-    if (const int error = layered(file)->layer->strike(FaultyVfs::Operation::Write); error != SQLITE_OK)
-        return error;
+    if (const int error = layered(file)->layer->strike(FaultyVfs::Operation::Write); error != SQLITE_OK) {
+        if (!layered(file)->layer->losesWrites())
+            return error;
+        if (offset > 0)
+            return SQLITE_OK;
+    }
     layered(file)->layer->written(*layered(file)->path, offset, QByteArray(static_cast<const char *>(bytes), size));
     return onDisk(file)->pMethods->xWrite(onDisk(file), bytes, size, offset);
 }
@@ -164,7 +168,7 @@ void FaultyVfs::disarm()
 
 int FaultyVfs::strike(Operation operation)
 {
-    if (target == 0)
+    if (target == 0 || (losesWrites() && operation != Operation::Write))
         return SQLITE_OK;
     const bool iswriting = operation == Operation::Write || operation == Operation::Truncate
         || operation == Operation::Sync || operation == Operation::Delete;

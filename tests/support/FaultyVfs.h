@@ -25,7 +25,8 @@ public:
     ~FaultyVfs();
     Q_DISABLE_COPY_MOVE(FaultyVfs)
 
-    enum class Fault { DiskFull, InputOutput, PowerCut };
+    // LostWrite: the disk says that it took a write and did not. The beginning of a file is spared.
+    enum class Fault { DiskFull, InputOutput, PowerCut, LostWrite };
     enum class Count { Writing, Everything }; // with Everything reads, locks and look-ups are counted and fail as well
 
     // The operation of this number from now on fails, counted from 1; with `lasting` every later one too. A power cut
@@ -44,6 +45,7 @@ public:
     // For the layer itself.
     enum class Operation { Open, Read, Write, Truncate, Sync, Delete, Look };
     [[nodiscard]] int strike(Operation operation); // SQLITE_OK or the error to give
+    [[nodiscard]] bool losesWrites() const { return fault == Fault::LostWrite; }
     void opened(const QString &path, bool created);
     void written(const QString &path, qint64 offset, const QByteArray &bytes);
     void truncated(const QString &path, qint64 size);

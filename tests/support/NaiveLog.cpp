@@ -3,147 +3,80 @@
 
 #include "NaiveLog.h"
 
+#include <chrono>
 #include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <sstream>
+#include <utility>
 
-namespace {
-
-Naive::Record recordOf(const Naive::Food &food)
-{
-    return {food.name, food.amount, food.unit, food.unitindex};
-}
-
-Naive::Text attribute(const std::string &tag, const std::string &name)
-{
-    const std::string opening = " " + name + "='";
-    const std::size_t at = tag.find(opening);
-    if (at == std::string::npos)
-        return std::nullopt;
-    const std::size_t from = at + opening.size();
-    return tag.substr(from, tag.find('\'', from) - from);
-}
-
-// How many characters from `at` on are among these.
-std::size_t run(const std::string &text, std::size_t at, const char *characters)
-{
-    const std::size_t end = text.find_first_not_of(characters, at);
-    return (end == std::string::npos ? text.size() : end) - at;
-}
-
-// The first of all entries of that title, or nothing.
-std::optional<float> weightOf(const Naive::Food &food, const Naive::Text &title)
-{
-    for (const auto &[known, weight] : food.weights)
-        if (title && known == *title)
-            return weight;
-    return std::nullopt;
-}
-
-} // namespace
-
-float Naive::leadingNumber(const std::string &text)
-{
-    const char *const digits = "0123456789";
-    const std::size_t from = run(text, 0, " \t\n\v\f\r");
-    std::size_t at = from;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-'))
-        ++at;
-    std::size_t count = run(text, at, digits);
-    at += count;
-    if (at < text.size() && text[at] == '.') {
-        const std::size_t behind = run(text, at + 1, digits);
-        if (count + behind > 0)
-            at += 1 + behind;
-        count += behind;
-    }
-    if (count == 0)
-        return 0.0F;
-    if (at < text.size() && (text[at] == 'e' || text[at] == 'E')) {
-        const bool sign = at + 1 < text.size() && (text[at + 1] == '+' || text[at + 1] == '-');
-        const std::size_t exponent = at + (sign ? 2 : 1);
-        if (exponent < text.size() && run(text, exponent, digits) > 0)
-            at = exponent + run(text, exponent, digits);
-    }
-    return std::strtof(text.substr(from, at - from).c_str(), nullptr);
-}
-
-Naive::Log::Log(std::string foodfolder, std::vector<std::string> nutrientnames)
+Naive::Log::Log(std::string foodfolder, std::vector<Nutrient> catalogue)
     : folder(std::move(foodfolder))
-    , nutrients(std::move(nutrientnames))
+    , nutrients(std::move(catalogue))
 { }
 
-// Reads tag by tag; a file that does not end with the end of its food is broken, and what came before counts.
-void Naive::Log::load(Food &food) const
+std::string Naive::Log::dayKey(Seconds date)
 {
-    if (food.loaded || !food.name || food.name->empty())
-        return;
-    std::ifstream file(folder + "/" + *food.name + ".xml", std::ios::binary);
-    if (!file)
-        return;
-    std::stringstream content;
-    content << file.rdbuf();
-    const std::string text = content.str();
-    std::size_t at = 0;
-    for (;;) {
-        const std::size_t open = text.find('<', at);
-        const std::size_t close = text.find('>', open);
-        if (open == std::string::npos || close == std::string::npos)
-            return;
-        const std::string tag = text.substr(open, close - open + 1);
-        at = close + 1;
-        if (tag == "</food>") {
-            food.loaded = true;
-            return;
-        }
-        if (tag.rfind("</", 0) == 0)
-            return; // an end that fits no beginning
-        if (tag.rfind("<measure ", 0) == 0) {
-            char number[512];
-            std::snprintf(number, sizeof number, "%.0f", double(leadingNumber(attribute(tag, "amount").value_or(""))));
-            const std::string title = std::string(number) + " " + attribute(tag, "name").value_or("measure");
-            const float weight = leadingNumber(attribute(tag, "grams").value_or(""));
-            bool known = false;
-            for (auto &entry : food.weights) {
-                if (entry.first == title) {
-                    entry.second = weight;
-                    known = true;
-                }
-            }
-            if (!known)
-                food.weights.emplace_back(title, weight);
-        }
-        if (tag.rfind("<nutrient ", 0) == 0) {
-            const Text name = attribute(tag, "name");
-            const Text amount = attribute(tag, "amount");
-            if (name && amount)
-                food.texts[*name] = *amount;
-            else if (name)
-                food.texts.erase(*name);
-        }
-    }
+    const std::chrono::sys_seconds instant{std::chrono::seconds(date)};
+    const std::chrono::year_month_day day{std::chrono::floor<std::chrono::days>(instant)};
+    char text[32];
+    std::snprintf(text, sizeof text, "%04d_%02u_%02u", int(day.year()), unsigned(day.month()), unsigned(day.day()));
+    return text;
 }
 
-float Naive::Log::grams(Food &food) const
+void Naive::Log::start(Seconds now)
 {
-    load(food);
-    if (!food.unit)
-        return food.amount;
-    const std::optional<float> weight = weightOf(food, food.unit);
-    if (!weight)
-        return 0.0F;
-    return *weight * food.amount;
+    selection.clear();
+    clipboard.clear();
+    if (storedrdas)
+        rdas = *storedrdas;
+    else
+        setDefaultRDAs();
+    curdate.reset();
+    setDate(rememberdate && lastdate ? *lastdate : now);
+    rdainput = numberText(rdas[0], 2);
+    rdamenu = 0;
 }
 
-float Naive::Log::amountOf(Food &food, std::size_t nutrient) const
+void Naive::Log::quit()
 {
-    load(food);
-    const auto text = food.texts.find(nutrients[nutrient]);
-    if (text == food.texts.end())
-        return 0.0F;
-    const float hundredth = leadingNumber(text->second) / 100.0F;
-    return hundredth * grams(food);
+    storedrdas = rdas;
+    lastdate = curdate;
+    store[dayKey(*curdate)] = records;
+}
+
+void Naive::Log::setDate(Seconds date)
+{
+    nutrientsreloaded = true;
+    if (curdate && dayKey(*curdate) == dayKey(date))
+        return;
+    if (curdate)
+        store[dayKey(*curdate)] = records;
+    picker = date;
+    foods.clear();
+    records.clear();
+    amounts.clear();
+    total.fill(0.0F);
+    selected.fill(0.0F);
+    const std::vector<Record> stored = store.count(dayKey(date)) != 0 ? store[dayKey(date)] : std::vector<Record>();
+    for (const Record &record : stored)
+        append(foodOf(record));
+    logReloaded();
+    nutrientsreloaded = true;
+    curdate = date;
+    entryCount();
+}
+
+// It keeps the time of day; the date that it has already sends nothing.
+void Naive::Log::chooseDate(int daysahead)
+{
+    if (daysahead == 0)
+        return;
+    picker += daysahead * secondsaday;
+    updateDate();
+}
+
+float Naive::Log::amount(Food &food, std::size_t nutrient)
+{
+    load(food, folder, moment);
+    return amountOf(food, nutrients[nutrient].name);
 }
 
 void Naive::Log::append(const FoodPointer &food)
@@ -155,60 +88,66 @@ void Naive::Log::append(const FoodPointer &food)
     records.push_back(recordOf(*food));
     Sums column{};
     for (std::size_t i = 0; i < nutrientcount; ++i) {
-        column[i] = amountOf(*food, i);
+        column[i] = amount(*food, i);
         total[i] = total[i] + column[i];
     }
     amounts.push_back(column);
-    countLabel();
+    if (selection.empty())
+        entryCount();
+    else
+        label = std::to_string(selection.size()) + (selection.size() == 1 ? " selected food" : " selected foods");
 }
 
-void Naive::Log::countLabel()
+void Naive::Log::entryCount()
 {
-    const std::size_t count = selection.empty() ? foods.size() : selection.size();
-    label = std::to_string(count) + (selection.empty() ? "" : " selected") + (count == 1 ? " food" : " foods");
+    label = std::to_string(foods.size()) + (foods.size() == 1 ? " food" : " foods");
 }
 
 void Naive::Log::selectionChanged()
 {
-    if (!selection.empty()) {
-        for (std::size_t i = 0; i < nutrientcount; ++i) {
-            selected[i] = 0.0F;
-            for (const std::size_t row : selection)
-                selected[i] = selected[i] + amounts[row][i];
-        }
+    nutrientsreloaded = true;
+    if (selection.empty()) {
+        entryCount();
+        return;
     }
-    countLabel();
+    for (std::size_t i = 0; i < nutrientcount; ++i) {
+        selected[i] = 0.0F;
+        for (const std::size_t row : selection)
+            selected[i] = selected[i] + amounts[row][i];
+    }
+    label = std::to_string(selection.size()) + (selection.size() == 1 ? " selected food" : " selected foods");
 }
 
 void Naive::Log::deselect()
 {
-    if (selection.empty())
+    select({});
+}
+
+void Naive::Log::select(const std::vector<std::size_t> &rows)
+{
+    if (rows == selection)
         return;
-    selection.clear();
+    selection = rows;
     selectionChanged();
 }
 
 // Rows that are no more leave the selection.
 void Naive::Log::logReloaded()
 {
+    logwasreloaded = true;
     std::vector<std::size_t> kept;
     for (const std::size_t row : selection)
         if (row < foods.size())
             kept.push_back(row);
-    if (kept.size() == selection.size())
-        return;
-    selection = kept;
-    selectionChanged();
+    select(kept);
 }
 
-void Naive::Log::add(const std::vector<std::string> &names)
+void Naive::Log::add(const std::vector<FoodPointer> &added)
 {
-    for (const std::string &name : names) {
-        auto food = std::make_shared<Food>();
-        food->name = name;
+    for (const FoodPointer &food : added)
         append(food);
-    }
     logReloaded();
+    nutrientsreloaded = true;
 }
 
 void Naive::Log::remove()
@@ -234,6 +173,7 @@ void Naive::Log::remove()
     }
     deselect();
     logReloaded();
+    nutrientsreloaded = true;
 }
 
 void Naive::Log::copy()
@@ -258,25 +198,22 @@ void Naive::Log::cut()
 
 void Naive::Log::paste()
 {
-    for (const FoodPointer &food : clipboard)
-        append(food);
-    logReloaded();
+    add(clipboard);
 }
 
 void Naive::Log::subtractAfresh(std::size_t row)
 {
     for (std::size_t i = 0; i < nutrientcount; ++i) {
         selected[i] = 0.0F;
-        total[i] = total[i] - amountOf(*foods[row], i);
+        total[i] = total[i] - amount(*foods[row], i);
     }
 }
 
 void Naive::Log::addAgain(std::size_t row)
 {
     for (std::size_t i = 0; i < nutrientcount; ++i) {
-        const float amount = amountOf(*foods[row], i);
-        total[i] = total[i] + amount;
-        amounts[row][i] = amount;
+        amounts[row][i] = amount(*foods[row], i);
+        total[i] = total[i] + amounts[row][i];
     }
 }
 
@@ -289,7 +226,7 @@ void Naive::Log::editAmount(std::size_t row, const std::string &text)
     addAgain(row);
 }
 
-void Naive::Log::changeUnit(std::size_t row, const std::string &title, std::int32_t index, bool keepweight)
+void Naive::Log::changeUnit(std::size_t row, const std::string &title, std::int32_t index)
 {
     subtractAfresh(row);
     Food &food = *foods[row];
@@ -297,7 +234,7 @@ void Naive::Log::changeUnit(std::size_t row, const std::string &title, std::int3
     if (weight) {
         const float former = weightOf(food, food.unit).value_or(1.0F);
         food.unit = title;
-        if (keepweight) {
+        if (recalculateamount) {
             const float product = food.amount * former;
             food.amount = product / *weight;
         }
@@ -307,47 +244,90 @@ void Naive::Log::changeUnit(std::size_t row, const std::string &title, std::int3
     deselect();
     addAgain(row);
     logReloaded();
+    nutrientsreloaded = true;
 }
 
-void Naive::Log::select(const std::vector<std::size_t> &rows)
+void Naive::Log::setDefaultRDAs()
 {
-    if (rows == selection)
-        return;
-    selection = rows;
-    selectionChanged();
+    for (std::size_t i = 0; i < nutrientcount; ++i)
+        rdas[i] = static_cast<float>(nutrients[i].defaultrda);
 }
 
-void Naive::Log::openDay(const std::string &key)
+void Naive::Log::RDAtick()
 {
-    if (!day.empty() && key == day)
-        return;
-    if (!day.empty())
-        store[day] = records;
-    foods.clear();
-    records.clear();
-    amounts.clear();
-    total.fill(0.0F);
-    selected.fill(0.0F);
-    const std::vector<Record> stored = store.count(key) != 0 ? store[key] : std::vector<Record>();
-    for (const Record &record : stored) {
-        auto food = std::make_shared<Food>();
-        food->name = record.name;
-        food->amount = record.amount;
-        food->unit = record.unit;
-        food->unitindex = record.unitindex;
-        append(food);
+    const std::size_t chosen = rdamenu < 0 ? 0 : static_cast<std::size_t>(rdamenu);
+    rdainput = numberText(rdas[chosen], 2);
+    rdalabel = nutrients[chosen].unit;
+}
+
+void Naive::Log::setRDA()
+{
+    const float value = leadingNumber(rdainput);
+    rdainput = numberText(value, 2);
+    rdas[static_cast<std::size_t>(rdamenu)] = value;
+    nutrientsreloaded = true;
+}
+
+void Naive::Log::RDAreset()
+{
+    setDefaultRDAs();
+    RDAtick();
+}
+
+// The sheet, once hidden, shows what is set and not what was typed, and asks for fresh figures.
+void Naive::Log::hidePrefs()
+{
+    RDAtick();
+    updateNutrients();
+}
+
+std::vector<std::string> Naive::Log::unitTitles(std::size_t row)
+{
+    load(*foods[row], folder, moment);
+    std::vector<std::string> titles;
+    for (const auto &[title, weight] : foods[row]->weights)
+        titles.push_back(title);
+    return titles;
+}
+
+std::size_t Naive::Log::shownUnit(std::size_t row)
+{
+    const std::vector<std::string> titles = unitTitles(row);
+    std::size_t shown = 0;
+    for (std::size_t i = 0; i < titles.size(); ++i)
+        if (titles[i] == foods[row]->unit)
+            shown = i;
+    return shown;
+}
+
+float Naive::Log::displayed(std::size_t nutrient) const
+{
+    return selection.empty() ? total[nutrient] : selected[nutrient];
+}
+
+float Naive::Log::rdaRatio(std::size_t nutrient) const
+{
+    if (rdas[nutrient] > 0.0F)
+        return displayed(nutrient) / rdas[nutrient];
+    return 0.0F;
+}
+
+std::string Naive::Log::nutrientText(std::size_t nutrient) const
+{
+    if (!usep)
+        return numberText(displayed(nutrient), 2) + " " + nutrients[nutrient].unit;
+    const float percent = rdaRatio(nutrient) * 100.0F;
+    return numberText(percent, 0) + " %";
+}
+
+void Naive::Log::look()
+{
+    if (std::exchange(logwasreloaded, false)) {
+        shownlog.clear();
+        for (const FoodPointer &food : foods)
+            shownlog.push_back({food->name.value_or(""), numberText(food->amount, 2), numberText(amount(*food, 0), 0)});
     }
-    logReloaded();
-    day = key;
-    label = std::to_string(foods.size()) + (foods.size() == 1 ? " food" : " foods");
-}
-
-void Naive::Log::quitAndStart()
-{
-    const std::string last = day;
-    store[day] = records;
-    day.clear();
-    selection.clear();
-    clipboard.clear();
-    openDay(last);
+    if (std::exchange(nutrientsreloaded, false))
+        for (std::size_t i = 0; i < nutrientcount; ++i)
+            shownnutrients[i] = nutrientText(i);
 }

@@ -3,10 +3,11 @@
 
 #pragma once
 
+#include "NaiveFood.h"
+
 #include <array>
 #include <cstdint>
 #include <map>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -17,44 +18,63 @@
 namespace Naive {
 
 constexpr std::size_t nutrientcount = 61;
-using Text = std::optional<std::string>;
 using Sums = std::array<float, nutrientcount>;
+using Seconds = std::int64_t; // an instant, since 1970 began in UTC, which is the zone of all days
 
-// What the store keeps of an entry.
-struct Record {
-    Text name;
-    float amount = 0.0F;
-    Text unit;
-    std::int32_t unitindex = 0;
+struct Nutrient {
+    std::string name;
+    std::string unit;
+    int defaultrda = 0;
 };
 
-struct Food {
-    Text name;
-    float amount = 100.0F;
-    Text unit = "g";
-    std::int32_t unitindex = 0;
-
-    std::vector<std::pair<std::string, float>> weights = {{"g", 1.0F}};
-    std::map<std::string, std::string> texts; // a nutrient's amount in 100 g, as written
-    bool loaded = false;
+// What a row of the log table showed when it was last reloaded.
+struct ShownEntry {
+    std::string name;
+    std::string amount;
+    std::string energy;
 };
-using FoodPointer = std::shared_ptr<Food>;
 
 class Log {
 public:
-    // Where the food files are, and the names of the nutrients in their order.
-    Log(std::string foodfolder, std::vector<std::string> nutrientnames);
+    // Where the food files are, and the nutrients in their order.
+    Log(std::string foodfolder, std::vector<Nutrient> catalogue);
 
-    void add(const std::vector<std::string> &names);
+    void start(Seconds now);
+    void quit();
+
+    // the day shown
+    void setDate(Seconds date);
+    void today(Seconds now) { setDate(now); }
+    void previousDay() { setDate(*curdate - secondsaday); }
+    void nextDay() { setDate(*curdate + secondsaday); }
+    void updateDate() { setDate(picker); }
+    void chooseDate(int daysahead); // a person does, in the picker
+
+    // the log
+    void add(const std::vector<FoodPointer> &added);
     void remove();
     void cut();
     void copy();
     void paste();
     void editAmount(std::size_t row, const std::string &text);
-    void changeUnit(std::size_t row, const std::string &title, std::int32_t index, bool keepweight);
+    void changeUnit(std::size_t row, const std::string &title, std::int32_t index);
     void select(const std::vector<std::size_t> &rows); // ascending
-    void openDay(const std::string &key);
-    void quitAndStart();
+
+    // the nutrients and their RDAs
+    void updateNutrients() { nutrientsreloaded = true; }
+    void RDAtick();
+    void setRDA();
+    void RDAreset();
+    void hidePrefs();
+
+    // What the menu of a row and the bar of a nutrient would be if they were asked for now.
+    [[nodiscard]] std::vector<std::string> unitTitles(std::size_t row);
+    [[nodiscard]] std::size_t shownUnit(std::size_t row);
+    [[nodiscard]] float rdaRatio(std::size_t nutrient) const;
+    // Somebody looks at both tables, and what was reloaded since the last time is asked for.
+    void look();
+
+    [[nodiscard]] static std::string dayKey(Seconds date);
 
     std::vector<FoodPointer> foods;
     std::vector<Record> records;
@@ -64,26 +84,46 @@ public:
     Sums selected{};
     std::vector<std::size_t> selection;
     std::string label;
-    std::string day;
+    std::optional<Seconds> curdate;
+    Seconds picker = 0;
+
+    Sums rdas{};
+    int rdamenu = 0; // -1 when nothing is chosen
+    std::string rdainput;
+    std::string rdalabel;
+
+    std::vector<ShownEntry> shownlog;
+    std::array<std::string, nutrientcount> shownnutrients;
+
+    // the settings, and what else is stored
+    bool usep = true;
+    bool rememberdate = true;
+    bool recalculateamount = false;
     std::map<std::string, std::vector<Record>> store;
+    std::optional<Seconds> lastdate;
+    std::optional<Sums> storedrdas;
+
+    int moment = 0; // of the food files: to be moved on whenever one may have changed
 
 private:
-    void load(Food &food) const;
-    float grams(Food &food) const;
-    float amountOf(Food &food, std::size_t nutrient) const;
+    static constexpr Seconds secondsaday = 86400;
+
+    float amount(Food &food, std::size_t nutrient);
+    [[nodiscard]] float displayed(std::size_t nutrient) const;
+    [[nodiscard]] std::string nutrientText(std::size_t nutrient) const;
     void append(const FoodPointer &food);
     void deselect();
     void selectionChanged();
     void logReloaded();
-    void countLabel();
+    void entryCount();
     void subtractAfresh(std::size_t row);
     void addAgain(std::size_t row);
+    void setDefaultRDAs();
 
     std::string folder;
-    std::vector<std::string> nutrients;
+    std::vector<Nutrient> nutrients;
+    bool logwasreloaded = false;
+    bool nutrientsreloaded = false;
 };
-
-// The number that a text begins with; 0 when it begins with none.
-float leadingNumber(const std::string &text);
 
 } // namespace Naive

@@ -176,17 +176,8 @@ public:
     }
 
     // Whether it has its own answer to SIGTERM by now, and does not just die of it.
-    [[nodiscard]] bool hearsSignals() const
-    {
-        QFile status(QStringLiteral("/proc/%1/status").arg(id()));
-        if (!status.open(QIODevice::ReadOnly))
-            return false;
-        for (const QByteArray &line : status.readAll().split('\n')) {
-            if (line.startsWith("SigCgt:"))
-                return ((line.mid(7).trimmed().toULongLong(nullptr, 16) >> (SIGTERM - 1)) & 1U) != 0;
-        }
-        return false;
-    }
+    [[nodiscard]] bool hearsSignals() const { return isAmong(SIGTERM, "SigCgt:"); }
+    [[nodiscard]] bool ignores(int number) const { return isAmong(number, "SigIgn:"); }
 
     void signal(int number) const
     {
@@ -208,6 +199,18 @@ public:
 
 private:
     static constexpr int patience = 20000;
+
+    [[nodiscard]] bool isAmong(int number, const char *signals_) const
+    {
+        QFile status(QStringLiteral("/proc/%1/status").arg(id()));
+        if (!status.open(QIODevice::ReadOnly))
+            return false;
+        for (const QByteArray &line : status.readAll().split('\n')) {
+            if (line.startsWith(signals_))
+                return ((line.mid(7).trimmed().toULongLong(nullptr, 16) >> (number - 1)) & 1U) != 0;
+        }
+        return false;
+    }
 
     // The state of each thread of a process, and how often it has slept and been made to wait.
     static QByteArray activity(qint64 process)

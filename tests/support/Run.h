@@ -47,7 +47,6 @@ public:
     using AppDelegate::rdamenu;
     using AppDelegate::rdas;
     using AppDelegate::unreadfoods;
-    using AppDelegate::window;
 
     void tableViewSelectionDidChange() override
     {

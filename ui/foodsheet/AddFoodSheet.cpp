@@ -96,6 +96,9 @@ void AddFoodSheet::makeControls()
     connect(selection, &QItemSelectionModel::selectionChanged, this, &AddFoodSheet::selectionChanged);
     connect(selection, &QItemSelectionModel::currentChanged, this, &AddFoodSheet::showCurrentFood);
     connect(ui->tobeaddedlist, &QListWidget::currentRowChanged, this, &AddFoodSheet::showChoice);
+    // What is still being composed is searched for before anything is done with what was found.
+    for (QPushButton *button : {ui->keepbutton, ui->addbutton})
+        connect(button, &QPushButton::clicked, ui->searchfield, &TextField::commitComposition);
     connect(ui->keepbutton, &QPushButton::clicked, this, &AddFoodSheet::keepFoods);
     connect(ui->removebutton, &QPushButton::clicked, this, &AddFoodSheet::removeFood);
     connect(ui->addbutton, &QPushButton::clicked, this, &AddFoodSheet::accept);
@@ -232,6 +235,7 @@ void AddFoodSheet::keyPressEvent(QKeyEvent *event)
     }
     if (event->isAutoRepeat())
         return; // the key that opened the sheet, held a little long, is not to close it
+    ui->searchfield->commitComposition();
     if (event->modifiers().testFlag(Qt::ControlModifier))
         keepFoods();
     else if (auto *button = qobject_cast<QAbstractButton *>(focusWidget()))

@@ -5,10 +5,10 @@
 
 #include "ui/table/TableCell.h"
 #include "ui/table/TableModel.h"
+#include "ui/controls/TextField.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QPainter>
 #include <QToolTip>
 
@@ -16,9 +16,9 @@
 
 namespace {
 
-class CellEditor final : public QLineEdit {
+class CellEditor final : public TextField {
 public:
-    using QLineEdit::QLineEdit;
+    using TextField::TextField;
 
     QString shown; // when it was opened
 };
@@ -82,6 +82,7 @@ void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) cons
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     auto *line = static_cast<CellEditor *>(editor);
+    line->commitComposition();
     const QString text = line->text();
     if (text == line->shown)
         return;
@@ -94,8 +95,13 @@ bool CellDelegate::eventFilter(QObject *object, QEvent *event)
     // command could come first and the table would open the editor again.
     auto *editor = qobject_cast<QWidget *>(object);
     if (editor != nullptr && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        const auto *pressed = static_cast<QKeyEvent *>(event);
+        const int key = pressed->key();
+        const bool commits = key == Qt::Key_Return || key == Qt::Key_Enter;
+        // A key held since it opened the editor, or moved it here, goes no further.
+        if (pressed->isAutoRepeat() && (commits || key == Qt::Key_Tab || key == Qt::Key_Backtab))
+            return true;
+        if (commits) {
             emit commitData(editor);
             emit closeEditor(editor, NoHint);
             return true;

@@ -32,7 +32,7 @@ void drawArrow(QPainter &painter, const QRectF &area, const QColor &ink)
 void PopUpButtonCell::removeAllItems()
 {
     menu.clear();
-    selected = -1;
+    selectItemAtIndex(-1);
 }
 
 void PopUpButtonCell::addItem(MenuItemUnit item)
@@ -43,6 +43,7 @@ void PopUpButtonCell::addItem(MenuItemUnit item)
 void PopUpButtonCell::selectItemAtIndex(int index)
 {
     selected = index >= 0 && index < menu.size() ? index : -1;
+    title = selected >= 0 ? menu.at(selected).title() : QString();
 }
 
 void PopUpButtonCell::setObjectValue(const QVariant &value)
@@ -51,11 +52,6 @@ void PopUpButtonCell::setObjectValue(const QVariant &value)
     bool isnumber = false;
     const int index = value.toInt(&isnumber);
     selectItemAtIndex(isnumber ? index : -1);
-}
-
-QString PopUpButtonCell::stringValue() const
-{
-    return selected >= 0 ? menu.at(selected).title() : QString();
 }
 
 void PopUpButtonCell::clear()

@@ -25,7 +25,10 @@ public:
     // A number is the position of the item to select.
     void setObjectValue(const QVariant &value) override;
     // The selected item's title, empty when none is selected.
-    [[nodiscard]] QString stringValue() const override;
+    [[nodiscard]] QString stringValue() const override { return title; }
+    // The title alone: the menu's items are always those of the last preparing.
+    [[nodiscard]] QVariant looks() const override { return title; }
+    void setLooks(const QVariant &looks) override { title = looks.toString(); }
     void clear() override;
     [[nodiscard]] QSizeF cellSize(const QStyleOptionViewItem &option) const override;
 
@@ -36,4 +39,5 @@ protected:
 private:
     QList<MenuItemUnit> menu;
     int selected = -1;
+    QString title; // what shows
 };

@@ -37,6 +37,11 @@ public:
     void setAlignment(Qt::Alignment where) { align = where; }
     [[nodiscard]] Qt::Alignment alignment() const { return align; }
 
+    // What the delegate's preparing made of its looks, if it makes anything of them: kept by the table and given back
+    // at the next use, so that a cell shows no figure younger than its value.
+    [[nodiscard]] virtual QVariant looks() const { return {}; }
+    virtual void setLooks(const QVariant & /*looks*/) { }
+
     // Forgets the row it was prepared for.
     virtual void clear();
 

@@ -86,10 +86,31 @@ TableCell &TableModel::prepareCell(int row, int column) const
         prepared.clear();
         return prepared;
     }
-    prepared.setObjectValue(value(row, column));
+    Place &place = placeOf(row, column);
+    prepared.setObjectValue(place ? place->value : source->objectValueForTableColumn(table, shared.identifier, row));
     if (delegate != nullptr)
         delegate->willDisplayCell(table, prepared, shared.identifier, row);
+    if (place)
+        prepared.setLooks(place->looks);
+    else
+        place = Kept{prepared.objectValue(), prepared.looks(),
+            delegate != nullptr ? delegate->toolTipForCell(table, shared.identifier, row) : QString()};
     return prepared;
+}
+
+TableModel::Place &TableModel::placeOf(int row, int column) const
+{
+    std::vector<Place> &places = kept[row];
+    places.resize(columns.size());
+    return places[size_t(column)];
+}
+
+const TableModel::Kept &TableModel::keptCell(int row, int column) const
+{
+    Place &place = placeOf(row, column);
+    if (!place)
+        prepareCell(row, column);
+    return *place;
 }
 
 int TableModel::rowCount(const QModelIndex &parent) const
@@ -111,12 +132,10 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     case Qt::AccessibleTextRole:
         return prepareCell(index.row(), index.column()).stringValue();
     case Qt::EditRole:
-        return hasRow(index.row()) ? value(index.row(), index.column()) : QVariant();
+        return hasRow(index.row()) ? keptCell(index.row(), index.column()).value : QVariant();
     case Qt::ToolTipRole:
     case Qt::AccessibleDescriptionRole:
-        if (delegate == nullptr || !hasRow(index.row()))
-            return {};
-        return delegate->toolTipForCell(table, columns[size_t(index.column())].identifier, index.row());
+        return hasRow(index.row()) ? keptCell(index.row(), index.column()).tip : QVariant();
     default:
         return {};
     }
@@ -154,14 +173,4 @@ bool TableModel::setData(const QModelIndex &index, const QVariant &value, int ro
     kept.erase(row);
     emit rowEdited(row);
     return true;
-}
-
-QVariant TableModel::value(int row, int column) const
-{
-    std::vector<std::optional<QVariant>> &values = kept[row];
-    values.resize(columns.size());
-    std::optional<QVariant> &place = values[size_t(column)];
-    if (!place)
-        place = source->objectValueForTableColumn(table, columns[size_t(column)].identifier, row);
-    return *place;
 }

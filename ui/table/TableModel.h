@@ -11,9 +11,10 @@
 #include <unordered_map>
 #include <vector>
 
-// What Qt's views and screen readers see of a table's data source. A value is asked for when it is first needed and
-// kept until the next reload or until its row is edited; only rows that came into sight are kept, so that a reload of
-// thousands of rows costs no more than one of twenty.
+// What Qt's views and screen readers see of a table's data source. A cell's value, looks and tip are asked for
+// together, when the first of them is needed, and kept until the next reload or until the row is edited, so that a cell
+// says and shows what was true at one moment. Only rows that came into sight are kept, so that a reload of thousands of
+// rows costs no more than one of twenty.
 //
 // It never resets and never reports changed data: the one would clear the selection, the other wipe an open editor.
 // The view repaints instead.
@@ -38,8 +39,8 @@ public:
     // Drops every value and makes as many rows as the source has, at the end.
     void reload(int count);
 
-    // The column's cell with the row's value, prepared by the delegate. A row that the source no longer has gives a
-    // cell without one; nobody is asked about it.
+    // The column's cell with the row's value, prepared by the delegate each time, in the looks that are kept. A row
+    // that the source no longer has gives a cell without a value; nobody is asked about it.
     TableCell &prepareCell(int row, int column) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -54,12 +55,19 @@ signals:
 
 private:
     [[nodiscard]] bool hasRow(int row) const { return row >= 0 && row < sourceRowCount(); }
-    [[nodiscard]] QVariant value(int row, int column) const;
+    struct Kept {
+        QVariant value;
+        QVariant looks;
+        QString tip;
+    };
+    using Place = std::optional<Kept>; // empty until the cell is first needed
+    [[nodiscard]] Place &placeOf(int row, int column) const;
+    [[nodiscard]] const Kept &keptCell(int row, int column) const;
 
     TableView *table;
     TableViewDataSource *source = nullptr;
     TableViewDelegate *delegate = nullptr;
     std::vector<TableView::Column> columns;
     int rows = 0;
-    mutable std::unordered_map<int, std::vector<std::optional<QVariant>>> kept; // by row, then by column
+    mutable std::unordered_map<int, std::vector<Place>> kept; // by row, then by column
 };

@@ -4,13 +4,14 @@
 #include "ui/table/TableView.h"
 
 #include "ui/table/CellDelegate.h"
+#include "ui/table/CellMenu.h"
 #include "ui/table/RowSelectionModel.h"
 #include "ui/table/TableModel.h"
 #include "ui/table/TableViewDelegate.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QHeaderView>
-#include <QMenu>
 #include <QPainter>
 #include <QStyleOptionHeader>
 
@@ -166,6 +167,10 @@ void TableView::focusInEvent(QFocusEvent *event)
 void TableView::focusOutEvent(QFocusEvent *event)
 {
     QTableView::focusOutEvent(event);
+    // The editor in which a composition goes on from here has no focus to lose.
+    if (event->reason() != Qt::PopupFocusReason && openEditor() != nullptr
+        && QApplication::focusWidget() != openEditor())
+        endEditing();
     viewport()->update();
 }
 

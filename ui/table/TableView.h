@@ -13,9 +13,10 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class CellDelegate;
-class QMenu;
+class CellMenu;
 class QPainter;
 class RowSelectionModel;
 class TableModel;
@@ -89,6 +90,7 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -102,7 +104,8 @@ protected slots:
 private:
     [[nodiscard]] QWidget *openEditor() const;
     bool editRow(int row);
-    bool openMenu(const QModelIndex &index);
+    // `pressed` is the timestamp of the mouse press that opens it, if one does.
+    bool openMenu(const QModelIndex &index, std::optional<quint64> pressed = {});
     void closeMenu();
     void paintPlaceholder(QPainter &painter) const;
     void paintBlockRules(QPainter &painter, const QRect &exposed) const;
@@ -121,7 +124,7 @@ private:
     TableViewDelegate *tabledelegate = nullptr;
     std::function<bool(int)> startsblock;
     QString placeholder;
-    QPointer<QMenu> menu;
+    QPointer<CellMenu> menu;
     QPersistentModelIndex editing; // the cell whose editor is open
     bool delivered = false; // by the open editor
     bool reloading = false;

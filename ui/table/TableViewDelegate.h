@@ -15,7 +15,7 @@ class TableView;
 class TableViewDelegate {
 public:
     // Prepares a column's one cell for a row: the next thing that happens to it is painting, speaking or opening its
-    // menu. It has the row's value by then.
+    // menu. It has the row's value by then. What it looks like is kept from the first time after a reload.
     virtual void willDisplayCell(const TableView *table, TableCell &cell, const QString &column, int row) = 0;
     // What a selection that the user proposes becomes: nothing leaves the selection as it is, an empty list clears it.
     // Rows ascend. Code that selects is never asked.
@@ -24,7 +24,8 @@ public:
         = 0;
     // Runs inside whatever changed the selection of a table whose delegate this is.
     virtual void tableViewSelectionDidChange() = 0;
-    // The cell's sentence, shown as its tool tip and told as its accessible description; may be empty.
+    // The cell's sentence, shown as its tool tip and told as its accessible description; may be empty. Asked for with
+    // the value, for every cell that comes into sight.
     [[nodiscard]] virtual QString toolTipForCell(const TableView *table, const QString &column, int row) = 0;
 
 protected:

@@ -3,6 +3,7 @@
 
 // What the keys and the mouse do in a table: the editor of the amounts and the menu of the units.
 
+#include "ui/table/CellMenu.h"
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/RowSelectionModel.h"
 #include "ui/table/TableModel.h"
@@ -10,8 +11,8 @@
 
 #include <QActionGroup>
 #include <QCoreApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
-#include <QMenu>
 
 #include <utility>
 
@@ -46,10 +47,15 @@ bool isEditKey(const QKeyEvent *event)
     return (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_F2) && modifiersOf(event) == Qt::NoModifier;
 }
 
-// A key that begins a number; on some keyboards digits are typed with Shift.
+bool beginsNumber(const QString &text)
+{
+    return !text.isEmpty() && QStringView(u"0123456789.-").contains(text.front());
+}
+
+// On some keyboards digits are typed with Shift.
 bool beginsNumber(const QKeyEvent *event)
 {
-    return event->text().size() == 1 && QStringView(u"0123456789.-").contains(event->text().front())
+    return event->text().size() == 1 && beginsNumber(event->text())
         && (modifiersOf(event) & ~Qt::ShiftModifier) == Qt::NoModifier;
 }
 
@@ -59,6 +65,9 @@ void TableView::keyPressEvent(QKeyEvent *event)
 {
     // Qt would put the current cell on the system clipboard. What these keys do is the menu's.
     if (isClipboardKey(event))
+        return;
+    // A key still held from what it did before does nothing else.
+    if (event->isAutoRepeat() && (isDeselectKey(event) || isMenuKey(event) || isEditKey(event) || beginsNumber(event)))
         return;
     const QModelIndex current = currentIndex();
     if (isDeselectKey(event)) {
@@ -77,13 +86,37 @@ void TableView::keyPressEvent(QKeyEvent *event)
     QTableView::keyPressEvent(event);
 }
 
+void TableView::inputMethodEvent(QInputMethodEvent *event)
+{
+    const QModelIndex current = currentIndex();
+    const bool opens = openEditor() == nullptr;
+    const bool begins = current.column() == tablemodel->editableColumn() && current.row() < tablemodel->sourceRowCount()
+        && beginsNumber(event->commitString() + event->preeditString());
+    if (opens && !begins) {
+        event->ignore();
+        return;
+    }
+    if (opens && event->preeditString().isEmpty()) {
+        if (editRow(current.row()))
+            QCoreApplication::sendEvent(openEditor(), event);
+        return;
+    }
+    // Qt's own handling opens the editor and leaves the focus here until the composition ends, which a move of the
+    // focus would interrupt.
+    setEditTriggers(AnyKeyPressed);
+    QTableView::inputMethodEvent(event);
+    setEditTriggers(NoEditTriggers);
+    if (indexWidget(current) != nullptr)
+        editing = current;
+}
+
 void TableView::keyboardSearch(const QString & /*search*/) { }
 
 void TableView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index))
+    if (plain && index.isValid() && openMenu(index, event->timestamp()))
         return;
     QTableView::mousePressEvent(event);
 }
@@ -92,7 +125,7 @@ void TableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index))
+    if (plain && index.isValid() && openMenu(index, event->timestamp()))
         return;
     QTableView::mouseDoubleClickEvent(event);
     if (plain && index.isValid())
@@ -143,12 +176,14 @@ bool TableView::editRow(int row)
         scrollTo(index);
         edit(index);
         editing = index;
+        if (openEditor() != nullptr)
+            openEditor()->setFocus(); // Qt leaves it out after a composition that was ended by the program
     }
     return openEditor() != nullptr;
 }
 
 // Opens the menu of a pop-up cell, without waiting for it. False for any other cell.
-bool TableView::openMenu(const QModelIndex &index)
+bool TableView::openMenu(const QModelIndex &index, std::optional<quint64> pressed)
 {
     if (!index.isValid() || index.row() >= tablemodel->sourceRowCount())
         return false;
@@ -160,7 +195,7 @@ bool TableView::openMenu(const QModelIndex &index)
 
     // The items are taken out of the cell: painting another row rebuilds it while the menu is open.
     const auto &cell = static_cast<PopUpButtonCell &>(tablemodel->prepareCell(index.row(), index.column()));
-    menu = new QMenu(this);
+    menu = new CellMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setAccessibleName(tablemodel->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
     auto *group = new QActionGroup(menu);
@@ -178,9 +213,7 @@ bool TableView::openMenu(const QModelIndex &index)
     if (chosen != nullptr)
         chosen->setChecked(true);
     const QRect area = visualRect(index);
-    menu->setMinimumWidth(area.width());
-    menu->popup(viewport()->mapToGlobal(area.bottomLeft()));
-    menu->setActiveAction(chosen);
+    menu->popupOver({viewport()->mapToGlobal(area.topLeft()), area.size()}, chosen, pressed);
     return true;
 }
 

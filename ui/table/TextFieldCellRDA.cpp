@@ -43,25 +43,25 @@ QColor TextFieldCellRDA::highlightColorWithFrame(
 void TextFieldCellRDA::drawWithFrame(QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option) const
 {
     drawPanel(painter, frame, option);
-    const QRectF bar = onPixels(painter, barRectangle(ratio, frame, boundsOf(painter, option)));
-    if (!bar.isEmpty())
-        painter.fillRect(bar, barColor(ratio));
-    if (background && color.isValid() && color.alpha() != 0)
-        painter.fillRect(frame, color);
+    const QRectF filled = onPixels(painter, barRectangle(bar.ratio, frame, boundsOf(painter, option)));
+    if (!filled.isEmpty())
+        painter.fillRect(filled, barColor(bar.ratio));
+    if (bar.background && bar.color.isValid() && bar.color.alpha() != 0)
+        painter.fillRect(frame, bar.color);
 
     const QColor ink = textColor(frame, option);
-    if (bar.isEmpty()) {
+    if (filled.isEmpty()) {
         drawInteriorWithFrame(painter, frame, option, ink);
         return;
     }
     painter.save();
-    painter.setClipRect(bar, Qt::IntersectClip);
+    painter.setClipRect(filled, Qt::IntersectClip);
     drawInteriorWithFrame(painter, frame, option, Qt::black);
     painter.restore();
-    if (bar.right() >= frame.right())
+    if (filled.right() >= frame.right())
         return;
     painter.save();
-    painter.setClipRect(QRectF(QPointF(bar.right(), frame.top()), frame.bottomRight()), Qt::IntersectClip);
+    painter.setClipRect(QRectF(QPointF(filled.right(), frame.top()), frame.bottomRight()), Qt::IntersectClip);
     drawInteriorWithFrame(painter, frame, option, ink);
     painter.restore();
 }
@@ -69,8 +69,7 @@ void TextFieldCellRDA::drawWithFrame(QPainter &painter, const QRectF &frame, con
 void TextFieldCellRDA::clear()
 {
     TableCell::clear();
-    ratio = 0.0F;
-    background = false;
+    bar = {};
 }
 
 QColor TextFieldCellRDA::barColor(float percent)

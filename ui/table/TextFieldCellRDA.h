@@ -17,15 +17,17 @@ public:
     void drawWithFrame(QPainter &painter, const QRectF &frame, const QStyleOptionViewItem &option) const override;
 
     // The ratio (1 is 100 %), despite the name, and any float: it is not checked.
-    [[nodiscard]] float percent() const { return ratio; }
-    void setPercent(float percent) { ratio = percent; }
+    [[nodiscard]] float percent() const { return bar.ratio; }
+    void setPercent(float percent) { bar.ratio = percent; }
 
     // A plain background over the bar and under the text; the bar does not depend on it.
-    [[nodiscard]] bool drawsBackground() const { return background; }
-    void setDrawsBackground(bool draws) { background = draws; }
-    [[nodiscard]] const QColor &backgroundColor() const { return color; }
-    void setBackgroundColor(const QColor &backgroundcolor) { color = backgroundcolor; }
+    [[nodiscard]] bool drawsBackground() const { return bar.background; }
+    void setDrawsBackground(bool draws) { bar.background = draws; }
+    [[nodiscard]] const QColor &backgroundColor() const { return bar.color; }
+    void setBackgroundColor(const QColor &backgroundcolor) { bar.color = backgroundcolor; }
 
+    [[nodiscard]] QVariant looks() const override { return QVariant::fromValue(bar); }
+    void setLooks(const QVariant &looks) override { bar = looks.value<Bar>(); }
     void clear() override;
     [[nodiscard]] bool paintsPastFrame() const override { return true; }
 
@@ -36,7 +38,11 @@ public:
     [[nodiscard]] static QRectF barRectangle(float percent, const QRectF &frame, const QRectF &bounds);
 
 private:
-    QColor color;
-    float ratio = 0.0F;
-    bool background = false;
+    struct Bar {
+        QColor color;
+        float ratio = 0.0F;
+        bool background = false;
+    };
+
+    Bar bar;
 };

@@ -20,6 +20,8 @@ public:
     // Never sends the action. An instant beyond the range of dates becomes the nearest one of its time of day; an
     // invalid one changes nothing.
     void setDateValue(const QDateTime &value);
+    // Forgets what was typed and not entered.
+    void discardTyped() { setDateValue(instant); }
 
 signals:
     // The action: the user chose another date. dateValue() has it.

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "ui/datepicker/DatePicker.h"
+#include "ui/controls/DatePicker.h"
 
 #include "platform/LocalDay.h"
 

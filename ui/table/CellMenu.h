@@ -1,0 +1,28 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <QMenu>
+
+#include <optional>
+
+// The menu of a PopUpButtonCell. It opens with its chosen item over the cell, as a pop-up list does, and so the second
+// press of a double click comes to the menu: within that time after the press that opened it the mouse chooses nothing.
+// The time is told by the events themselves, for a busy program comes to the second press late.
+class CellMenu final : public QMenu {
+public:
+    using QMenu::QMenu;
+
+    // The cell is in global coordinates; `pressed` is the timestamp of the press that opens the menu, if one does.
+    void popupOver(const QRect &cell, QAction *chosen, std::optional<quint64> pressed);
+
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    [[nodiscard]] bool belongsToOpening(const QMouseEvent &event) const;
+
+    std::optional<quint64> openingpress;
+};
