@@ -85,7 +85,7 @@ QString AppDelegate::mainSources(int index) const
         [&](std::size_t a, std::size_t b) { return amounts[a] > amounts[b] || (amounts[a] == amounts[b] && a < b); });
     QStringList sources;
     for (std::size_t i = 0; i < shown; ++i)
-        sources.append(foods[rows[i]]->name().value_or(QString()) + u' '
+        sources.append(TableCell::shortened(foods[rows[i]]->name().value_or(QString())) + u' '
             + NumberText::fixed(double(amounts[rows[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
     return sources.join(QStringLiteral("; "));
 }
@@ -96,7 +96,7 @@ QString AppDelegate::toolTipForCell(const TableView *table, const QString &colum
         return nutrientSentence(row);
     // A long name is cut off in its column.
     if (table == logtable && column == QStringLiteral("Name"))
-        return foods[static_cast<std::size_t>(row)]->name().value_or(QString());
+        return TableCell::shortened(foods[static_cast<std::size_t>(row)]->name().value_or(QString()));
     return {};
 }
 

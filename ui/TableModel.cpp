@@ -109,7 +109,7 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return prepareCell(index.row(), index.column()).stringValue();
+        return TableCell::shortened(prepareCell(index.row(), index.column()).stringValue());
     case Qt::EditRole:
         return hasRow(index.row()) ? value(index.row(), index.column()) : QVariant();
     case Qt::ToolTipRole:
