@@ -10,13 +10,16 @@
 #include "ui/PopUpButtonCell.h"
 #include "ui/PreferencesSheet.h"
 #include "ui/TextFieldCellRDA.h"
+#include "ui/WindowState.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMainWindow>
+#include <QScreen>
 
 #include <algorithm>
 #include <functional>
@@ -253,8 +256,14 @@ void MainInterface::show()
     showSettings();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    window->restoreGeometry(store.objectForKey(geometrykey).toByteArray());
-    if (!main->splitter->restoreState(store.objectForKey(splitterskey).toByteArray()))
+    QList<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens.append(screen->geometry());
+    const QByteArray geometry = store.objectForKey(geometrykey).toByteArray();
+    if (WindowState::isGeometry(geometry, screens))
+        window->restoreGeometry(geometry);
+    const QByteArray sizes = store.objectForKey(splitterskey).toByteArray();
+    if (!WindowState::isSplitter(sizes, main->splitter->saveState()) || !main->splitter->restoreState(sizes))
         main->splitter->setSizes({660, 400});
     window->show();
 }
