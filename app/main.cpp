@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/SingleInstance.h"
+#include "app/SuddenEnd.h"
 #include "app/TerminationSignals.h"
 #include "platform/UserDefaults.h"
 #include "ui/MainInterface.h"
@@ -13,6 +14,8 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace {
 
@@ -26,13 +29,9 @@ bool save(AppDelegate &controller, const MainInterface &interface, UserDefaults 
     return transaction.commit() || store.leavePending();
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+// Says to the desktop what this is.
+void introduce()
 {
-    // Before anything is printed: what a library has to say must not end the program when nobody reads it any more.
-    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
-    QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("provender"));
     QApplication::setApplicationDisplayName(QStringLiteral("Provender"));
     QApplication::setApplicationVersion(QStringLiteral(PROVENDER_VERSION));
@@ -43,33 +42,59 @@ int main(int argc, char **argv)
         icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), {size, size});
     QApplication::setWindowIcon(icon);
     QApplication::setDesktopFileName(QStringLiteral("org.provender.Provender"));
+}
 
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Before anything is printed: what a library has to say must not end the program when nobody reads it any more.
+    static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
+    QApplication application(argc, argv);
+    introduce();
+
+    bool isended = false; // the save at the end has run
+    bool issaved = true;
+    bool isediting = true;
+    SuddenEnd suddenend; // before the store, for it outlasts the last write
     MainInterface *shown = nullptr;
     const QString storepath = UserDefaults::standardStorePath();
     const auto raise = [&shown] {
         if (shown != nullptr)
             shown->raise();
     };
-    const SingleInstance instance(storepath, raise);
-    if (!instance.isFirst())
+    std::optional<SingleInstance> instance(std::in_place, storepath, raise);
+    if (!instance->isFirst())
         return 0;
 
-    UserDefaults store(storepath);
-    UserDefaults::setStandardUserDefaults(&store);
+    std::optional<UserDefaults> store(std::in_place, storepath);
+    UserDefaults::setStandardUserDefaults(&*store);
     AppDelegate controller;
     MainInterface interface(controller);
     QApplication::setQuitOnLastWindowClosed(controller.applicationShouldTerminateAfterLastWindowClosed());
-    bool issaved = true;
-    QObject::connect(&application, &QCoreApplication::aboutToQuit, &controller,
-        [&] { issaved = save(controller, interface, store); });
+    const auto saveAtEnd = [&] {
+        if (!std::exchange(isended, true))
+            issaved = save(controller, interface, *store);
+    };
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, &controller, saveAtEnd);
     // The session is about to end, but may yet be kept: save now and stay.
     QObject::connect(&application, &QGuiApplication::commitDataRequest, &controller, [&](QSessionManager &) {
         interface.endEditing();
-        save(controller, interface, store);
+        save(controller, interface, *store);
     });
     const TerminationSignals signals_([] { QCoreApplication::quit(); });
 
     controller.applicationDidFinishLaunching();
+    // The display may go first. What ends the editor may end the process once more, and then there is still the save.
+    suddenend.setLastWord([&] {
+        if (isended)
+            return;
+        if (std::exchange(isediting, false))
+            interface.endEditing();
+        saveAtEnd();
+        store.reset(); // so that its journal goes, and the instance's socket
+        instance.reset();
+    });
     interface.show();
     shown = &interface;
     const int status = QApplication::exec();

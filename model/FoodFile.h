@@ -32,8 +32,8 @@ private:
 using DidStartElement = std::function<void(std::string_view element, const Attributes &attributes)>;
 
 // Calls back once for each start tag, in document order, before it returns. True when the document was read to its end
-// without error; false when it breaks off, is no XML, cannot be read, or is anything but a regular file (a pipe could
-// keep the window waiting for ever). The tags before a break have been reported by then.
+// without error; false when it breaks off, is no XML, cannot be read, is larger than 4 MiB, or is anything but a
+// regular file (a pipe could keep the window waiting for ever). The tags before a break have been reported by then.
 bool parse(const QString &path, const DidStartElement &didstartelement);
 
 } // namespace FoodFile

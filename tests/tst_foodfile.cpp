@@ -264,6 +264,27 @@ private slots:
         QCOMPARE(energyOf(name), 5.0F); // what came before the bomb; the rest would take longer than anyone waits
     }
 
+    void aTextThatItsEntitiesBlowUpBreaksTheFileOff()
+    {
+        // A megabyte out of twenty thousand characters, which would be read anew for each of 61 nutrients.
+        const QByteArray text = "<!DOCTYPE food [<!ENTITY a '" + QByteArray(10000, 'x') + "'>]><food>"
+            + "<nutrient name='Energy' amount='5'/><measure name='" + QByteArray("&a;").repeated(100)
+            + "' amount='1' grams='1'/><nutrient name='Energy' amount='6'/></food>";
+        files->write(name, text);
+        QCOMPARE(energyOf(name), 5.0F);
+    }
+
+    void aFileBeyondFourMebibytesIsNoFood()
+    {
+        constexpr qsizetype largest = 4 * 1024 * 1024;
+        QByteArray text = "<food><nutrient name='Energy' amount='5'/></food>";
+        text.append(QByteArray(largest - text.size(), ' '));
+        files->write(name, text);
+        QCOMPARE(energyOf(name), 5.0F);
+        files->write(name, text + ' ');
+        QCOMPARE(energyOf(name), 0.0F);
+    }
+
     void anExternalEntityIsNeverFetched()
     {
         QTemporaryDir folder;

@@ -11,6 +11,9 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMainWindow>
+#include <QScreen>
+#include <QSplitter>
 #include <QtTest>
 
 namespace {
@@ -332,10 +335,14 @@ private slots:
     void theWindowComesBackWhereItWas()
     {
         QByteArray geometry;
+        QList<int> sizes;
+        const auto splitterOf = [](const Run &run) { return run.controller.window->findChild<QSplitter *>(); };
         {
             Run run(*home);
             run.show();
             run.controller.window->resize(900, 555);
+            splitterOf(run)->setSizes({500, 380});
+            sizes = splitterOf(run)->sizes();
             run.terminate();
             geometry = run.controller.window->saveGeometry();
         }
@@ -344,6 +351,64 @@ private slots:
         QVERIFY(!again.store.objectForKey(key("WindowSplitters")).toByteArray().isEmpty());
         again.show();
         QCOMPARE(again.controller.window->size(), QSize(900, 555));
+        QCOMPARE(splitterOf(again)->sizes(), sizes);
+    }
+
+    void aSavedWindowThatIsDamagedIsNoDanger_data()
+    {
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("geometry") << key("WindowGeometry");
+        QTest::newRow("splitter") << key("WindowSplitters");
+    }
+
+    void aSavedWindowThatIsDamagedIsNoDanger()
+    {
+        QFETCH(QString, saved);
+        QByteArray whole;
+        {
+            Run run(*home);
+            run.show();
+            run.terminate();
+            whole = run.store.objectForKey(saved).toByteArray();
+        }
+        QVERIFY(whole.size() > 20);
+        for (qsizetype at = 0; at < whole.size(); ++at) {
+            for (const char flip : {'\x7f', '\x80'}) {
+                QByteArray damaged = whole;
+                damaged[at] = char(damaged[at] ^ flip);
+                Run run(*home);
+                run.store.setObject(damaged, saved);
+                run.show();
+                const QRect window = run.controller.window->frameGeometry();
+                const QRect screen = run.controller.window->screen()->geometry();
+                QVERIFY2(window.width() <= 2 * screen.width() && window.height() <= 2 * screen.height()
+                        && window.intersects(screen),
+                    qPrintable(QString::number(at)));
+                const auto *splitter = run.controller.window->findChild<QSplitter *>();
+                QVERIFY2(splitter->handleWidth() < 20 && splitter->orientation() == Qt::Horizontal,
+                    qPrintable(QString::number(at)));
+            }
+        }
+    }
+
+    void aSavedWindowOutsideEveryScreenIsDropped()
+    {
+        QByteArray elsewhere;
+        {
+            QWidget other;
+            other.setGeometry(100000, 100, 500, 400);
+            elsewhere = other.saveGeometry();
+        }
+        QRect usual;
+        {
+            Run plain(*home);
+            plain.show();
+            usual = plain.controller.window->geometry();
+            plain.store.setObject(elsewhere, key("WindowGeometry"));
+        }
+        Run again(*home);
+        again.show();
+        QCOMPARE(again.controller.window->geometry(), usual);
     }
 
 private:

@@ -10,6 +10,8 @@
 #include <QToolTip>
 #include <QtTest>
 
+#include <algorithm>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -89,6 +91,32 @@ private slots:
         source.names[0] = QString(200, u'W');
         table->reloadData();
         QCOMPARE(toolTipOfRow(0), source.names[0]);
+    }
+
+    void aTextOfAMillionCharactersCostsNoMoreThanOneOfAThousand()
+    {
+        const auto best = [this](const QString &text) {
+            source.names = {text, text};
+            table->reloadData();
+            qint64 shortest = std::numeric_limits<qint64>::max();
+            for (int i = 0; i < 5; ++i) {
+                QElapsedTimer timer;
+                timer.start();
+                table->viewport()->grab();
+                static_cast<void>(toolTipOfRow(0));
+                shortest = std::min(shortest, timer.nsecsElapsed());
+            }
+            return shortest;
+        };
+        const qint64 thousand = best(QString(1000, u'W'));
+        const qint64 million = best(QString(1000000, u'W'));
+        QVERIFY2(million < 3 * thousand, qPrintable(QStringLiteral("%1 ns, %2 ns").arg(thousand).arg(million)));
+        const QModelIndex index = table->model()->index(0, 0);
+        for (const int role : {int(Qt::DisplayRole), int(Qt::AccessibleTextRole)})
+            QCOMPARE(index.data(role).toString(), QString(1000, u'W') + QChar(u'\u2026'));
+        QCOMPARE(source.names[0].size(), 1000000);
+        QCOMPARE(TableCell::shortened(QString(999, u'W') + QStringLiteral("\U0001F34E")),
+            QString(999, u'W') + QChar(u'\u2026')); // half a character is none
     }
 
     void belowTheRowsThereIsNoToolTip()

@@ -361,6 +361,17 @@ private slots:
         QCOMPARE(log->model()->index(0, 2).data().toString(), QStringLiteral("1 cup"));
     }
 
+    void aNameOfAMillionCharactersIsToldInPart()
+    {
+        run->add({A});
+        const QString longname(1000000, u'W');
+        run->controller.foods[0]->setName(longname);
+        const QString part = QString(1000, u'W') + QChar(u'\u2026');
+        QCOMPARE(run->controller.toolTipForCell(run->controller.logtable, name, 0), part);
+        QVERIFY(sentence(31).endsWith(part + QStringLiteral(" 100 %")));
+        QCOMPARE(run->logCell(name, 0).toString(), longname);
+    }
+
     void updateNutrientsReloadsTheNutrients()
     {
         run->interface->show();

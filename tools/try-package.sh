@@ -16,9 +16,14 @@ project=$(cd "$(dirname "$0")/.." && pwd)
 place=$project/build/try-package
 root=$place/root
 store=/home/eater/.local/share/provender/preferences.sqlite
-mirror=${DEBIAN_MIRROR:-http://deb.debian.org/debian}
+# Where this machine's own packages come from.
+mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Codename: bookworm' 'Component: main' 'Created-By: Packages' | head -n 1)
 
 mkdir -p "$place"
+if [[ -z $mirror ]]; then
+    echo "apt on this machine has no Debian 12 to take packages from" >&2
+    exit 1
+fi
 if [[ ! -f $place/bare.tar ]]; then
     rm -rf "$place/bare"
     debootstrap --variant=minbase bookworm "$place/bare" "$mirror" > "$place/debootstrap.log"

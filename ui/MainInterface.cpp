@@ -8,6 +8,7 @@
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/PreferencesSheet.h"
+#include "ui/WindowState.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/TextFieldCellRDA.h"
@@ -16,8 +17,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMainWindow>
+#include <QScreen>
 
 #include <algorithm>
 #include <functional>
@@ -251,8 +254,14 @@ void MainInterface::show()
     showSettings();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    window->restoreGeometry(store.objectForKey(SettingsKeys::WindowGeometry).toByteArray());
-    if (!main->splitter->restoreState(store.objectForKey(SettingsKeys::WindowSplitters).toByteArray()))
+    QList<QRect> screens;
+    for (const QScreen *screen : QGuiApplication::screens())
+        screens.append(screen->geometry());
+    const QByteArray geometry = store.objectForKey(SettingsKeys::WindowGeometry).toByteArray();
+    if (WindowState::isGeometry(geometry, screens))
+        window->restoreGeometry(geometry);
+    const QByteArray sizes = store.objectForKey(SettingsKeys::WindowSplitters).toByteArray();
+    if (!WindowState::isSplitter(sizes, main->splitter->saveState()) || !main->splitter->restoreState(sizes))
         main->splitter->setSizes({660, 400});
     window->show();
 }

@@ -96,7 +96,7 @@ QString AppDelegate::mainSources(int index) const
         consider(row);
     QStringList sources;
     for (std::size_t i = 0; i < count; ++i)
-        sources.append(foods[most[i]]->name().value_or(QString()) + u' '
+        sources.append(TableCell::shortened(foods[most[i]]->name().value_or(QString())) + u' '
             + NumberText::fixed(double(amounts[most[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
     return sources.join(QStringLiteral("; "));
 }
@@ -107,7 +107,7 @@ QString AppDelegate::toolTipForCell(const TableView *table, const QString &colum
         return nutrientSentence(row);
     // A long name is cut off in its column.
     if (table == logtable && column == QStringLiteral("Name"))
-        return foods[static_cast<std::size_t>(row)]->name().value_or(QString());
+        return TableCell::shortened(foods[static_cast<std::size_t>(row)]->name().value_or(QString()));
     return {};
 }
 

@@ -33,6 +33,12 @@ QString onOneLine(QString text)
     return text;
 }
 
+// What is painted, for a cell is one line.
+QString lineOf(const TableCell &cell)
+{
+    return onOneLine(TableCell::shortened(cell.stringValue()));
+}
+
 QTextLine singleLine(QTextLayout &layout)
 {
     layout.setCacheEnabled(true); // or it is shaped anew to be painted
@@ -54,6 +60,15 @@ QString TableCell::stringValue() const
     return formatter && object.isValid() ? formatter(object) : object.toString();
 }
 
+QString TableCell::shortened(const QString &text)
+{
+    constexpr qsizetype readable = 1000;
+    if (text.size() <= readable)
+        return text;
+    const qsizetype whole = text.at(readable - 1).isHighSurrogate() ? readable - 1 : readable;
+    return text.left(whole) + QChar(u'\u2026');
+}
+
 void TableCell::setFormatter(std::function<QString(const QVariant &)> function)
 {
     formatter = std::move(function);
@@ -67,7 +82,7 @@ void TableCell::clear()
 QSizeF TableCell::cellSize(const QStyleOptionViewItem &option) const
 {
     const QFontMetricsF metrics(option.font);
-    return {metrics.horizontalAdvance(onOneLine(stringValue())) + 2 * sidemargin, metrics.height()};
+    return {metrics.horizontalAdvance(lineOf(*this)) + 2 * sidemargin, metrics.height()};
 }
 
 QColor TableCell::highlightColorWithFrame(const QRectF & /*frame*/, const QStyleOptionViewItem &option) const
@@ -110,7 +125,7 @@ void TableCell::drawText(
 {
     const QRectF room = frame.adjusted(sidemargin, 0, -sidemargin, 0);
     // Most of the time of a paint goes into shaping text: what is shaped to be measured is painted as it is.
-    QTextLayout layout(onOneLine(stringValue()), option.font);
+    QTextLayout layout(lineOf(*this), option.font);
     QTextLine line = singleLine(layout);
     if (line.naturalTextWidth() > room.width()) {
         layout.setText(QFontMetricsF(option.font).elidedText(layout.text(), Qt::ElideRight, room.width()));

@@ -31,6 +31,9 @@ public:
 
     // What is painted and spoken: the value through the formatter, or its own text when there is none.
     [[nodiscard]] virtual QString stringValue() const;
+    // A text as far as anybody reads it in a line: a thousand characters, and dots in place of more. A stored text may
+    // be a million long, and the time to shape it goes with its length.
+    [[nodiscard]] static QString shortened(const QString &text);
     void setFormatter(std::function<QString(const QVariant &)> function);
 
     // Horizontal; text is always in the middle of its height. The header and the editor of the column follow it.

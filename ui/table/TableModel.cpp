@@ -130,7 +130,7 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
-        return prepareCell(index.row(), index.column()).stringValue();
+        return TableCell::shortened(prepareCell(index.row(), index.column()).stringValue());
     case Qt::EditRole:
         return hasRow(index.row()) ? keptCell(index.row(), index.column()).value : QVariant();
     case Qt::ToolTipRole:
