@@ -3,31 +3,22 @@
 
 #pragma once
 
-#include "catalog/NutrientCatalogue.h"
+#include "model/Composition.h"
 
-#include <QHash>
-#include <QList>
 #include <QString>
 #include <QStringList>
 
-#include <array>
-#include <bitset>
 #include <optional>
-#include <string_view>
 
 class KeyedArchiver;
 class KeyedUnarchiver;
-namespace FoodFile {
-class Attributes;
-}
 
 // One food, fresh from the catalogue or an entry of a day's log: what was eaten, how much of it, in which unit. The
 // composition is read from the food's file by the first question that needs it and kept for the food's life; until a
 // read succeeds every such question reads the file anew, without limit, so a file that turns up later is found.
 //
 // Amounts and weights are 32-bit floats, one operation at a time, and every answer is computed afresh: the day's sums
-// depend on the exact bits. Nutrients are kept as one float each by catalogue index, 244 bytes a food, rather than as a
-// table of texts: a file loads in little more than the XML takes to parse.
+// depend on the exact bits.
 class Food final {
 public:
     // 100 g of the food of that name. The name may be absent (a record may lack it); such a food has no file.
@@ -67,23 +58,11 @@ public:
     [[nodiscard]] static Food initWithCoder(const KeyedUnarchiver &decoder);
 
 private:
-    struct Unit {
-        QString title;
-        float grams;
-    };
-
     void loadIfNeeded();
     void readXML();
-    void didStartElement(std::string_view element, const FoodFile::Attributes &attributes);
-    void addMeasure(const FoodFile::Attributes &attributes);
-    void addNutrient(const FoodFile::Attributes &attributes);
-    [[nodiscard]] float amountInEntry(float per100grams);
 
     std::optional<QString> foodname;
-    std::array<float, NutrientCatalogue::nutrientCount> nutrients{}; // per 100 g, whatever unit the entry uses
-    std::bitset<NutrientCatalogue::nutrientCount> listed; // which of them the file gives: unknown is not the same as 0
-    QHash<QString, float> othernutrients; // the same of names that the catalogue lacks: empty for the files we ship
-    QList<Unit> units; // "g" first and always
+    Composition composition; // whatever unit the entry uses
     bool hasReadXML = false;
     float amount = 100.0F;
     std::optional<QString> unit;
