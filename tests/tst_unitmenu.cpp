@@ -227,6 +227,16 @@ private slots:
         QCOMPARE(openMenuOf(*table)->actions().size(), 4);
     }
 
+    void openingAnotherMenuClosesTheFirst()
+    {
+        makeCurrent(1, name);
+        press(Qt::Key_Space);
+        const QPointer<QMenu> first = openMenuOf(*table);
+        QTest::keyClick(table, Qt::Key_Space);
+        QVERIFY(!first || !first->isVisible());
+        QVERIFY(openMenuOf(*table) != nullptr);
+    }
+
     void aReloadAndTheEndOfEditingCloseTheMenu()
     {
         makeCurrent(3, name);
