@@ -80,7 +80,7 @@ private slots:
     {
         leave(LockedStore::Shared, true);
         {
-            Connection other(log->storePath());
+            StoreView other(log->storePath());
             const QVariantList former
                 = PropertyList::read(other.bytes(EnteredLog::today)).value_or(QVariant()).toList();
             QVERIFY(other.put(EnteredLog::today, PropertyList::write(former.mid(0, 1)).value()));
@@ -148,7 +148,7 @@ private slots:
         if (record.isEmpty()) {
             writeFile(pendingPath(), "no database");
         } else {
-            Connection other(pendingPath());
+            StoreView other(pendingPath());
             QVERIFY(other.put(QStringLiteral("UseP"), record));
         }
         Run run(log->home);

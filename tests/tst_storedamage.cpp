@@ -53,7 +53,7 @@ private slots:
 
     void aStoreWithoutItsTableIsAnEmptyStore()
     {
-        QVERIFY(Connection(path).run("PRAGMA user_version = 1"));
+        QVERIFY(StoreView(path).run("PRAGMA user_version = 1"));
         QVERIFY(!stored(day).isValid());
         UserDefaults(path).setObject(1, day);
         QCOMPARE(stored(day), number(1));
@@ -63,7 +63,7 @@ private slots:
     void theFileSaysItsVersionAndItsTable()
     {
         UserDefaults(path).setObject(1, day);
-        Connection other(path);
+        StoreView other(path);
         SqliteStatement version(other.handle, "PRAGMA user_version");
         QCOMPARE(version.step(), SQLITE_ROW);
         QCOMPARE(version.integer(0), 1);
@@ -149,7 +149,7 @@ private slots:
         const QString copy = place->home.filePath(QStringLiteral("copy.sqlite"));
         {
             // What a kill leaves in the middle of a save: a journal that is complete, and pages written in part.
-            Connection other(path);
+            StoreView other(path);
             QVERIFY(other.run(
                 "PRAGMA cache_size = 1; BEGIN; WITH RECURSIVE n(i) AS (VALUES(1) UNION ALL SELECT i + 1 FROM n "
                 "WHERE i < 500) INSERT INTO defaults SELECT 'filler ' || i, zeroblob(500) FROM n"));
@@ -174,7 +174,7 @@ private slots:
     {
         QFETCH(QString, version);
         UserDefaults(path).setObject(1, day);
-        QVERIFY(Connection(path).run(version.toLatin1().constData()));
+        QVERIFY(StoreView(path).run(version.toLatin1().constData()));
         const QByteArray newer = contentOf(path);
         {
             UserDefaults defaults(path);
@@ -187,7 +187,7 @@ private slots:
 
     void anotherProgramsTableOfThatNameIsSetAside()
     {
-        QVERIFY(Connection(path).run("CREATE TABLE defaults(name, number); INSERT INTO defaults VALUES('a', 1)"));
+        QVERIFY(StoreView(path).run("CREATE TABLE defaults(name, number); INSERT INTO defaults VALUES('a', 1)"));
         const QByteArray foreign = contentOf(path);
         UserDefaults(path).setObject(1, day);
         QCOMPARE(contentOf(aside()), foreign);
@@ -287,7 +287,7 @@ private slots:
     {
         UserDefaults(path).setObject(1, day);
         const QByteArray foreign("not a property list");
-        QVERIFY(Connection(path).put(day, foreign));
+        QVERIFY(StoreView(path).put(day, foreign));
         const QByteArray before = contentOf(path);
         {
             UserDefaults defaults(path);
@@ -299,7 +299,7 @@ private slots:
             defaults.setObject(4, day);
         }
         QCOMPARE(stored(day), number(4));
-        Connection other(path);
+        StoreView other(path);
         QCOMPARE(other.bytes(day + QStringLiteral(".unread")), foreign);
         QCOMPARE(other.rows(), 3);
     }
@@ -308,14 +308,14 @@ private slots:
     {
         UserDefaults(path).setObject(1, day);
         UserDefaults(path).setObject(1, day); // replaces nothing
-        QCOMPARE(Connection(path).rows(), 1);
+        QCOMPARE(StoreView(path).rows(), 1);
         {
             UserDefaults defaults(path);
             QCOMPARE(defaults.objectForKey(day), number(1));
             defaults.setObject(2, day);
             defaults.setObject(3, day);
         }
-        QCOMPARE(Connection(path).rows(), 1);
+        QCOMPARE(StoreView(path).rows(), 1);
         UserDefaults(path).setObject(4, day);
         QCOMPARE(stored(day), number(4));
         QCOMPARE(stored(day + QStringLiteral(".unread")), number(3));
@@ -325,12 +325,12 @@ private slots:
     {
         UserDefaults(path).setObject(1, day);
         for (const char *foreign : {"first", "second", "first", "third"}) {
-            QVERIFY(Connection(path).put(day, foreign));
+            QVERIFY(StoreView(path).put(day, foreign));
             UserDefaults defaults(path);
             QVERIFY(!defaults.objectForKey(day).isValid());
             defaults.setObject(2, day);
         }
-        Connection other(path);
+        StoreView other(path);
         QCOMPARE(other.bytes(day + QStringLiteral(".unread")), QByteArray("first"));
         QCOMPARE(other.bytes(day + QStringLiteral(".unread.2")), QByteArray("second"));
         QCOMPARE(other.bytes(day + QStringLiteral(".unread.3")), QByteArray("third"));
@@ -350,7 +350,7 @@ private slots:
         }
         QCOMPARE(stored(rdas), QVariant(QVariantList{qint64(2)}));
         QCOMPARE(stored(rdas + QStringLiteral(".unread")), QVariant(QStringLiteral("no list")));
-        QCOMPARE(Connection(path).rows(), 2);
+        QCOMPARE(StoreView(path).rows(), 2);
     }
 
     void aKeyWithoutAValueHasNothingToKeep()
@@ -360,13 +360,13 @@ private slots:
             defaults.keepUnread(day);
             defaults.setObject(1, day);
         }
-        QCOMPARE(Connection(path).rows(), 1);
+        QCOMPARE(StoreView(path).rows(), 1);
     }
 
     void aTransactionThatIsForgottenKeepsTheUnreadValueForTheNextWrite()
     {
         UserDefaults(path).setObject(1, day);
-        QVERIFY(Connection(path).put(day, "foreign"));
+        QVERIFY(StoreView(path).put(day, "foreign"));
         {
             UserDefaults defaults(path);
             QVERIFY(!defaults.objectForKey(day).isValid());
@@ -379,19 +379,19 @@ private slots:
             QVERIFY(save.commit());
         }
         QCOMPARE(stored(day), number(3));
-        QCOMPARE(Connection(path).bytes(day + QStringLiteral(".unread")), QByteArray("foreign"));
+        QCOMPARE(StoreView(path).bytes(day + QStringLiteral(".unread")), QByteArray("foreign"));
     }
 
     void valuesStoredAsTextOrNumberAreNotUnderstoodButKept()
     {
         UserDefaults(path).setObject(1, day);
-        QVERIFY(Connection(path).run("UPDATE defaults SET value = 'plain text'"));
+        QVERIFY(StoreView(path).run("UPDATE defaults SET value = 'plain text'"));
         {
             UserDefaults defaults(path);
             QVERIFY(!defaults.objectForKey(day).isValid());
             defaults.setObject(2, day);
         }
-        QCOMPARE(Connection(path).bytes(day + QStringLiteral(".unread")), QByteArray("plain text"));
+        QCOMPARE(StoreView(path).bytes(day + QStringLiteral(".unread")), QByteArray("plain text"));
     }
 };
 

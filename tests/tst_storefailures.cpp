@@ -80,7 +80,7 @@ private slots:
         UserDefaults defaults(path);
         defaults.registerDefaults({{day, QStringLiteral("registered")}});
         {
-            Connection other(path);
+            StoreView other(path);
             QVERIFY(other.run("BEGIN EXCLUSIVE"));
             QCOMPARE(defaults.objectForKey(day), QVariant(QStringLiteral("registered")));
             QElapsedTimer timer;
@@ -104,7 +104,7 @@ private slots:
         UserDefaults(path).setObject(true, flag);
         UserDefaults defaults(path);
         {
-            Connection other(path);
+            StoreView other(path);
             QVERIFY(other.run("BEGIN EXCLUSIVE"));
             QVERIFY(!defaults.boolForKey(flag)); // nobody can tell what is stored
         }
@@ -118,7 +118,7 @@ private slots:
         const QString flag = QStringLiteral("UseP");
         UserDefaults(path).setObject(1, day);
         UserDefaults defaults(path);
-        Connection other(path);
+        StoreView other(path);
         QVERIFY(other.run("BEGIN EXCLUSIVE"));
         QVERIFY(!defaults.boolForKey(flag));
         defaults.setObject(true, flag);
@@ -172,7 +172,7 @@ private slots:
         {
             UserDefaults defaults(path);
             {
-                Connection other(path);
+                StoreView other(path);
                 QVERIFY(other.run("BEGIN EXCLUSIVE"));
                 QVERIFY(!defaults.objectForKey(day).isValid());
             }
@@ -187,7 +187,7 @@ private slots:
         UserDefaults(path).setObject(1, day);
         {
             UserDefaults defaults(path);
-            Connection other(path);
+            StoreView other(path);
             {
                 QVERIFY(other.run("BEGIN"));
                 SqliteStatement reading(other.handle, "SELECT value FROM defaults");
@@ -208,7 +208,7 @@ private slots:
         {
             UserDefaults defaults(path);
             {
-                Connection other(path);
+                StoreView other(path);
                 QVERIFY(other.run("BEGIN EXCLUSIVE"));
                 defaults.setObject(2, day);
             }

@@ -35,7 +35,7 @@ private:
     // A store made with these statements, where the day is 1.
     void layOut(const QByteArray &table, const QByteArray &more = {}) const
     {
-        Connection other(path);
+        StoreView other(path);
         QVERIFY(other.run("PRAGMA user_version = 1"));
         QVERIFY(other.run(table.constData()));
         SqliteStatement statement(other.handle, "INSERT INTO defaults(key, value) VALUES(?1, ?2)");
@@ -94,7 +94,7 @@ private slots:
             QVERIFY2(defaults.synchronize(), "nothing is left to be written");
         }
         QCOMPARE(place->stored(day), number(2));
-        QCOMPARE(Connection(place->aside()).rows(), 1);
+        QCOMPARE(StoreView(place->aside()).rows(), 1);
     }
 
     void aHeaderThatForbidsWritingSetsTheStoreAside_data()

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "tests/support/LogWindowTest.h"
+#include "tests/support/LogTableTest.h"
 
 #include <QAccessible>
 #include <QSignalSpy>
@@ -18,7 +18,7 @@ QStringList none()
 
 } // namespace
 
-class TableEditingTest final : public LogWindowTest {
+class TableEditingTest final : public LogTableTest {
     Q_OBJECT
 
     // One repetition of a key that is held down.

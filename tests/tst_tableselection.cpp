@@ -20,7 +20,7 @@ class TableSelectionTest final : public LogTableTest {
 
 private slots:
     void init() { makeTable(); }
-    void cleanup() { dropTable(); }
+    void cleanup() { dropWindow(); }
 
     void selectedRowsAscend()
     {
@@ -62,10 +62,10 @@ private slots:
         load(6);
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
         QCOMPARE(source.proposals, (QList<QList<int>>{{1}}));
-        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
-        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
         QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2, 3}));
-        QTest::keyClick(table.get(), Qt::Key_Up, Qt::ShiftModifier);
+        QTest::keyClick(table, Qt::Key_Up, Qt::ShiftModifier);
         QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2}));
         QTest::mouseClick(table->viewport(), Qt::LeftButton, Qt::ControlModifier, middleOf(*table, 5, 0));
         QCOMPARE(table->selectedRowIndexes(), (QList<int>{1, 2, 5}));
@@ -80,7 +80,7 @@ private slots:
     void selectingAllProposesAllRows()
     {
         load(4);
-        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_A, Qt::ControlModifier);
         QCOMPARE(source.proposals, (QList<QList<int>>{{0, 1, 2, 3}}));
         QCOMPARE(source.notes, QStringList{QStringLiteral("selected [0 1 2 3]")});
     }
@@ -92,9 +92,9 @@ private slots:
         source.forget();
         source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
-        QTest::keyClick(table.get(), Qt::Key_Down);
-        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(table.get(), Qt::Key_Escape);
+        QTest::keyClick(table, Qt::Key_Down);
+        QTest::keyClick(table, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_Escape);
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 5});
         QCOMPARE(table->selectedRowIndexes(), (QList<int>{2, 4}));
         QCOMPARE(source.notes, none());
@@ -123,9 +123,9 @@ private slots:
         load(6);
         source.filter = [](const QList<int> & /*rows*/) { return std::nullopt; };
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 1, 0));
-        QTest::keyClick(table.get(), Qt::Key_Down, Qt::ShiftModifier);
-        QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(table.get(), Qt::Key_Space, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_Down, Qt::ShiftModifier);
+        QTest::keyClick(table, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_Space, Qt::ControlModifier);
         QCOMPARE(table->selectedRowIndexes(), QList<int>());
         QCOMPARE(table->currentIndex().row(), 2); // keys still move
         QCOMPARE(source.notes, none());
@@ -171,19 +171,19 @@ private slots:
         QVERIFY(clears([this] {
             QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, {20, table->viewport()->height() - 5});
         }));
-        QVERIFY(clears([this] { QTest::keyClick(table.get(), Qt::Key_Escape); }));
-        QVERIFY(clears([this] { QTest::keyClick(table.get(), Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier); }));
-        QVERIFY(!clears([this] { QTest::keyClick(table.get(), Qt::Key_Control); }));
+        QVERIFY(clears([this] { QTest::keyClick(table, Qt::Key_Escape); }));
+        QVERIFY(clears([this] { QTest::keyClick(table, Qt::Key_A, Qt::ControlModifier | Qt::ShiftModifier); }));
+        QVERIFY(!clears([this] { QTest::keyClick(table, Qt::Key_Control); }));
     }
 
     void escapeWithNothingToClearIsLeftToTheWindow()
     {
         load(3);
         QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
-        QCoreApplication::sendEvent(table.get(), &escape);
+        QCoreApplication::sendEvent(table, &escape);
         QVERIFY(!escape.isAccepted());
         table->selectRowIndexes({1});
-        QCoreApplication::sendEvent(table.get(), &escape);
+        QCoreApplication::sendEvent(table, &escape);
         QVERIFY(escape.isAccepted());
     }
 
@@ -197,8 +197,8 @@ private slots:
         table->selectRowIndexes({1});
         table->selectionModel()->setCurrentIndex(cellAt(*table, 1, 0), QItemSelectionModel::NoUpdate);
         for (const int key : {Qt::Key_C, Qt::Key_X, Qt::Key_V})
-            QTest::keyClick(table.get(), Qt::Key(key), Qt::ControlModifier);
-        QTest::keyClick(table.get(), Qt::Key_Insert, Qt::ControlModifier);
+            QTest::keyClick(table, Qt::Key(key), Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_Insert, Qt::ControlModifier);
         QCOMPARE(clipboard->text(), QStringLiteral("mine"));
         QCOMPARE(table->selectedRowIndexes(), QList<int>{1});
         QCOMPARE(shown(1, 1), QStringLiteral("1.00"));
@@ -211,7 +211,7 @@ private slots:
         copy.setShortcut(QKeySequence::Copy);
         table->addAction(&copy);
         QSignalSpy triggered(&copy, &QAction::triggered);
-        QTest::keyClick(table.get(), Qt::Key_C, Qt::ControlModifier);
+        QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(triggered.size(), 1);
     }
 };

@@ -37,7 +37,7 @@ class TableViewTest final : public LogTableTest {
 
 private slots:
     void init() { makeTable(); }
-    void cleanup() { dropTable(); }
+    void cleanup() { dropWindow(); }
 
     // Reloading
 
@@ -191,11 +191,11 @@ private slots:
     void aReloadDrawsTheNewValues()
     {
         load(3);
-        const QImage before = table->viewport()->grab().toImage();
+        const QImage former = table->viewport()->grab().toImage();
         source.entries[2].name = QStringLiteral("Something else");
-        QCOMPARE(table->viewport()->grab().toImage(), before);
+        QCOMPARE(table->viewport()->grab().toImage(), former);
         table->reloadData();
-        QVERIFY(table->viewport()->grab().toImage() != before);
+        QVERIFY(table->viewport()->grab().toImage() != former);
     }
 
     // Columns and cells
@@ -385,25 +385,25 @@ private slots:
 
     void tabLeavesTheTableBothWays()
     {
-        QWidget window;
-        QWidget before(&window);
-        before.setFocusPolicy(Qt::StrongFocus);
-        TableView inside(&window);
-        QWidget after(&window);
-        after.setFocusPolicy(Qt::StrongFocus);
+        QWidget place;
+        QWidget first(&place);
+        first.setFocusPolicy(Qt::StrongFocus);
+        TableView inside(&place);
+        QWidget last(&place);
+        last.setFocusPolicy(Qt::StrongFocus);
         addLogColumns(inside);
         inside.setDataSource(&source);
         source.fill(3);
         inside.reloadData();
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        place.show();
+        place.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&place));
         inside.setFocus();
         QTest::keyClick(&inside, Qt::Key_Tab);
-        QCOMPARE(window.focusWidget(), &after);
+        QCOMPARE(place.focusWidget(), &last);
         inside.setFocus();
         QTest::keyClick(&inside, Qt::Key_Backtab, Qt::ShiftModifier);
-        QCOMPARE(window.focusWidget(), &before);
+        QCOMPARE(place.focusWidget(), &first);
     }
 
     void aTableWithTheFocusHasACurrentCellAsSoonAsItHasRows()
@@ -449,7 +449,7 @@ private slots:
         load(20);
         table->selectionModel()->setCurrentIndex(cellAt(*table, 3, 0), QItemSelectionModel::NoUpdate);
         source.forget();
-        QTest::keyClick(table.get(), Qt::Key_F);
+        QTest::keyClick(table, Qt::Key_F);
         QCOMPARE(table->currentIndex().row(), 3);
         QCOMPARE(source.asked, none());
     }
@@ -459,7 +459,7 @@ private slots:
     void whatIsSpokenIsWhatIsPainted()
     {
         load(3);
-        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table.get());
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table);
         QVERIFY(interface != nullptr && interface->tableInterface() != nullptr);
         for (int row = 0; row < 3; ++row) {
             for (int column = 0; column < 4; ++column) {
@@ -477,7 +477,7 @@ private slots:
     void aScreenReadersSelectionPassesTheFilter()
     {
         load(3);
-        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table.get());
+        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(table);
         QVERIFY(interface->tableInterface()->selectRow(1));
         QCOMPARE(source.proposals, (QList<QList<int>>{{1}}));
         QCOMPARE(table->selectedRowIndexes(), QList<int>{1});

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-#include "tests/support/LogWindowTest.h"
+#include "tests/support/LogTableTest.h"
 
 #include <QAccessible>
 #include <QScreen>
@@ -15,7 +15,7 @@ QStringList none()
 
 } // namespace
 
-class UnitMenuTest final : public LogWindowTest {
+class UnitMenuTest final : public LogTableTest {
     Q_OBJECT
 
     // Where the open menu's chosen item is on the screen.

@@ -121,7 +121,7 @@ private slots:
         const QString another = log->home.folder.filePath(QStringLiteral("another"));
         QVERIFY(QFile::copy(log->storePath(), another));
         {
-            Connection other(another);
+            StoreView other(another);
             QVERIFY(other.put(today, PropertyList::write(QVariantList()).value()));
         }
         {

@@ -46,6 +46,23 @@ private:
     }
 
 private slots:
+    void theStoredKeysAreThoseThatWereSetAndThoseThatWait()
+    {
+        const QString other = QStringLiteral("RDAs");
+        {
+            UserDefaults defaults(path);
+            defaults.registerDefaults({{QStringLiteral("UseP"), true}});
+            QCOMPARE(defaults.storedKeys(), QStringList());
+            defaults.setObject(1, other);
+            defaults.setObject(1, day);
+            UserDefaults::Transaction save(defaults);
+            defaults.setObject(2, QStringLiteral("LastDate"));
+            defaults.setObject(2, day);
+            QCOMPARE(defaults.storedKeys(), (QStringList{day, QStringLiteral("LastDate"), other}));
+        }
+        QCOMPARE(UserDefaults(path).storedKeys(), (QStringList{day, other}));
+    }
+
     void init()
     {
         home = std::make_unique<QTemporaryDir>();

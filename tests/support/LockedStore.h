@@ -18,5 +18,5 @@ public:
     }
 
 private:
-    Connection connection;
+    StoreView connection;
 };

@@ -5,8 +5,8 @@
 
 #include "model/Food.h"
 #include "model/FoodRecord.h"
-#include "platform/SqliteStatement.h"
 #include "platform/UserDefaults.h"
+#include "tests/support/StoreView.h"
 #include "tests/support/XServer.h"
 
 #include <QDateTime>
@@ -21,31 +21,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
-#include <sqlite3.h>
 #include <sys/stat.h>
-
-// Looks at the store from outside, as another program.
-class StoreView final {
-public:
-    explicit StoreView(const QString &path) { sqlite3_open(path.toUtf8().constData(), &database); }
-    ~StoreView() { sqlite3_close(database); }
-    Q_DISABLE_COPY_MOVE(StoreView)
-
-    bool run(const char *sql) { return sqlite3_exec(database, sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
-    // The first column of every row, in their order.
-    QStringList column(const char *sql)
-    {
-        QStringList values;
-        SqliteStatement query(database, sql);
-        while (query.step() == SQLITE_ROW)
-            values.append(query.text(0));
-        return values;
-    }
-    QString integrity() { return column("PRAGMA integrity_check").join(u'\n'); }
-
-private:
-    sqlite3 *database = nullptr;
-};
 
 // Where the user of a program lives: nothing of the real user's is read or written.
 class ProgramHome final {

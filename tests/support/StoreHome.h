@@ -3,51 +3,17 @@
 
 #pragma once
 
-#include "platform/SqliteStatement.h"
 #include "platform/UserDefaults.h"
+#include "tests/support/StoreView.h"
 
 #include <QtTest>
 
 #include <memory>
-#include <sqlite3.h>
 
-// What the tests of the store share: a home of their own with a store's folder in it, and another program's view of
-// the file.
+// What the tests of the store share: a home of their own with a store's folder in it.
 
 inline const QString day = QStringLiteral("2015_05_11");
 inline const QString rdas = QStringLiteral("RDAs");
-
-// A connection of another program to the store.
-class Connection final {
-public:
-    explicit Connection(const QString &path) { sqlite3_open(path.toUtf8().constData(), &handle); }
-    ~Connection() { sqlite3_close(handle); }
-    Q_DISABLE_COPY_MOVE(Connection)
-
-    bool run(const char *sql) { return sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) == SQLITE_OK; }
-
-    // Stores these bytes as they are.
-    bool put(const QString &key, const QByteArray &bytes)
-    {
-        SqliteStatement statement(handle, "REPLACE INTO defaults(key, value) VALUES(?1, ?2)");
-        return statement.bind(1, key).bind(2, bytes).step() == SQLITE_DONE;
-    }
-
-    // The bytes under a key; a null array when there are none.
-    QByteArray bytes(const QString &key)
-    {
-        SqliteStatement statement(handle, "SELECT value FROM defaults WHERE key = ?1");
-        return statement.bind(1, key).step() == SQLITE_ROW ? statement.blob(0) : QByteArray();
-    }
-
-    int rows()
-    {
-        SqliteStatement statement(handle, "SELECT count(*) FROM defaults");
-        return statement.step() == SQLITE_ROW ? int(statement.integer(0)) : -1;
-    }
-
-    sqlite3 *handle = nullptr;
-};
 
 inline QByteArray contentOf(const QString &path)
 {
