@@ -1,13 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+// The list of names that every start builds has a limit; the other figures tell what the exact order and the look-up of
+// a nutrient cost beside the usual means.
+
+#include "bench/Turns.h"
 #include "catalog/FoodCatalogue.h"
 #include "catalog/NaturalOrder.h"
 #include "catalog/NutrientCatalogue.h"
 
 #include <QHash>
-
-#include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <random>
@@ -16,122 +18,110 @@
 
 namespace {
 
-// The food list of a start-up; the aim is less than a millisecond.
-void buildTheFoodCatalogue(benchmark::State &state)
-{
-    for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(FoodCatalogue::foodNames());
-}
-BENCHMARK(buildTheFoodCatalogue)->Unit(benchmark::kMicrosecond);
+constexpr std::size_t turns = 501;
 
-// What it is held against: the same list with a text of its own for each name.
-void buildTheSameListWithCopies(benchmark::State &state)
+// The food list of a start-up, beside the same list with a text of its own for each name.
+void buildTheFoodCatalogue(Turns::Figures &figures)
 {
     std::vector<std::string> names;
     for (const QString &name : FoodCatalogue::foodNames())
         names.push_back(name.toStdString());
-    for ([[maybe_unused]] auto _ : state) {
-        QStringList list;
-        list.reserve(FoodCatalogue::foodCount);
-        for (const std::string &name : names)
-            list.append(QString::fromStdString(name));
-        benchmark::DoNotOptimize(list);
-    }
+    const Turns::Pair pair = Turns::inTurns(
+        turns, [](std::size_t) { return Turns::milliseconds([] { Turns::keep(FoodCatalogue::foodNames()); }); },
+        [&](std::size_t) {
+            return Turns::milliseconds([&] {
+                QStringList list;
+                list.reserve(FoodCatalogue::foodCount);
+                for (const std::string &name : names)
+                    list.append(QString::fromStdString(name));
+                Turns::keep(list);
+            });
+        });
+    figures.ratio(QStringLiteral("build the food catalogue against build the same list with copies"), pair);
+    figures.time(QStringLiteral("build the food catalogue"), pair, 1.0);
 }
-BENCHMARK(buildTheSameListWithCopies)->Unit(benchmark::kMicrosecond);
 
 // Each name with the next one, as the check of the order goes.
 template <typename Compare>
-void compareNeighbours(benchmark::State &state, Compare compare)
+double compareAllNeighbours(const QStringList &names, Compare compare)
 {
-    const QStringList names = FoodCatalogue::foodNames();
-    for ([[maybe_unused]] auto _ : state) {
+    return Turns::milliseconds([&] {
         for (qsizetype i = 1; i < names.size(); ++i)
-            benchmark::DoNotOptimize(compare(names.at(i - 1), names.at(i)));
-    }
-    state.SetItemsProcessed(state.iterations() * (names.size() - 1));
+            Turns::keep(compare(names.at(i - 1), names.at(i)));
+    });
 }
 
-// All names in a fixed disorder, sorted.
 template <typename Compare>
-void sortAll(benchmark::State &state, Compare compare)
+double sortAll(QStringList names, Compare compare)
 {
-    QStringList shuffled = FoodCatalogue::foodNames();
-    std::shuffle(shuffled.begin(), shuffled.end(), std::mt19937(1));
-    for ([[maybe_unused]] auto _ : state) {
-        QStringList names = shuffled;
+    names.detach();
+    return Turns::milliseconds([&] {
         std::sort(names.begin(), names.end(),
             [compare](const QString &left, const QString &right) { return compare(left, right) < 0; });
-        benchmark::DoNotOptimize(names);
-    }
+        Turns::keep(names);
+    });
 }
 
-const auto naturally
-    = [](const QString &left, const QString &right) { return NaturalOrder::compareFoodNames(left, right); };
-
-// What the natural order is held against: Qt's comparison without regard to case, which knows no numbers.
-const auto withoutCase
-    = [](const QString &left, const QString &right) { return left.compare(right, Qt::CaseInsensitive); };
-
-void compareAllNeighboursNaturally(benchmark::State &state)
+// The natural order beside Qt's comparison without regard to case, which knows no numbers.
+void compareNaturally(Turns::Figures &figures)
 {
-    compareNeighbours(state, naturally);
+    const auto naturally
+        = [](const QString &left, const QString &right) { return NaturalOrder::compareFoodNames(left, right); };
+    const auto withoutcase
+        = [](const QString &left, const QString &right) { return left.compare(right, Qt::CaseInsensitive); };
+    const QStringList names = FoodCatalogue::foodNames();
+    figures.ratio(QStringLiteral("compare all neighbours naturally against compare all neighbours without case"),
+        Turns::inTurns(
+            turns, [&](std::size_t) { return compareAllNeighbours(names, naturally); },
+            [&](std::size_t) { return compareAllNeighbours(names, withoutcase); }));
+    QStringList shuffled = names;
+    std::shuffle(shuffled.begin(), shuffled.end(), std::mt19937(1));
+    constexpr std::size_t sorts = 51;
+    figures.ratio(QStringLiteral("sort all names naturally against sort all names without case"),
+        Turns::inTurns(
+            sorts, [&](std::size_t) { return sortAll(shuffled, naturally); },
+            [&](std::size_t) { return sortAll(shuffled, withoutcase); }));
 }
-BENCHMARK(compareAllNeighboursNaturally)->Unit(benchmark::kMicrosecond);
 
-void compareAllNeighboursWithoutCase(benchmark::State &state)
+// Each of the 61 names, as a food file with all of them asks, many times over: once is below the clock's precision.
+template <typename Find>
+double findAll(const std::vector<std::string> &names, Find find)
 {
-    compareNeighbours(state, withoutCase);
+    constexpr int times = 100;
+    return Turns::milliseconds([&] {
+        for (int i = 0; i < times; ++i) {
+            for (const std::string &name : names)
+                Turns::keep(find(name));
+        }
+    }) / times;
 }
-BENCHMARK(compareAllNeighboursWithoutCase)->Unit(benchmark::kMicrosecond);
 
-void sortAllNamesNaturally(benchmark::State &state)
-{
-    sortAll(state, naturally);
-}
-BENCHMARK(sortAllNamesNaturally)->Unit(benchmark::kMillisecond);
-
-void sortAllNamesWithoutCase(benchmark::State &state)
-{
-    sortAll(state, withoutCase);
-}
-BENCHMARK(sortAllNamesWithoutCase)->Unit(benchmark::kMillisecond);
-
-std::vector<std::string> nutrientNames()
+// Beside the usual hash over the names.
+void findEveryNutrient(Turns::Figures &figures)
 {
     std::vector<std::string> names;
-    for (const QString &name : NutrientCatalogue::names())
-        names.push_back(name.toStdString());
-    return names;
-}
-
-// Each of the 61 names, as a food file with all of them asks.
-void findEveryNutrient(benchmark::State &state)
-{
-    const std::vector<std::string> names = nutrientNames();
-    for ([[maybe_unused]] auto _ : state) {
-        for (const std::string &name : names)
-            benchmark::DoNotOptimize(NutrientCatalogue::indexOfNutrient(name));
-    }
-    state.SetItemsProcessed(state.iterations() * NutrientCatalogue::nutrientCount);
-}
-BENCHMARK(findEveryNutrient);
-
-// What it is held against: the usual hash over the names.
-void findEveryNutrientInAHash(benchmark::State &state)
-{
-    const std::vector<std::string> names = nutrientNames();
     QHash<QByteArray, int> indexes;
-    for (const std::string &name : names)
-        indexes.insert(QByteArray::fromStdString(name), int(indexes.size()));
-    for ([[maybe_unused]] auto _ : state) {
-        for (const std::string &name : names)
-            benchmark::DoNotOptimize(indexes.value(QByteArray::fromRawData(name.data(), qsizetype(name.size())), -1));
+    for (const QString &name : NutrientCatalogue::names()) {
+        indexes.insert(name.toUtf8(), int(names.size()));
+        names.push_back(name.toStdString());
     }
-    state.SetItemsProcessed(state.iterations() * NutrientCatalogue::nutrientCount);
+    const auto byindex = [](const std::string &name) { return NutrientCatalogue::indexOfNutrient(name); };
+    const auto byhash = [&](const std::string &name) {
+        return indexes.value(QByteArray::fromRawData(name.data(), qsizetype(name.size())), -1);
+    };
+    figures.ratio(QStringLiteral("find every nutrient against find every nutrient in a hash"),
+        Turns::inTurns(
+            turns, [&](std::size_t) { return findAll(names, byindex); },
+            [&](std::size_t) { return findAll(names, byhash); }));
 }
-BENCHMARK(findEveryNutrientInAHash);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main()
+{
+    Turns::Figures figures;
+    buildTheFoodCatalogue(figures);
+    compareNaturally(figures);
+    findEveryNutrient(figures);
+    return figures.exitCode();
+}

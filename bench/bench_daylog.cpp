@@ -2,116 +2,96 @@
 // SPDX-License-Identifier: MIT
 
 // What the commands of the log cost with 20, 200, 2,000 and all 7,801 foods of the catalogue in a day, from the real
-// food files. The duplicate rule looks at every entry for each food that is added, so the last hundred of all foods are
-// held against the first hundred of the same run: the run fails when they take over 3 times as long.
+// food files. The duplicate rule looks at every entry for each food that is added, so adding the last hundred of all
+// foods is held against adding the first hundred, to two logs in turns.
 
 #include "app/AppDelegate.h"
+#include "bench/Turns.h"
 #include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
 #include "ui/MainInterface.h"
 #include "ui/table/TableView.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 
-#include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 #include <numeric>
-#include <vector>
 
 namespace {
 
-constexpr int rounds = 7;
-constexpr double limit = 3.0;
 constexpr int hundred = 100;
-
-double milliseconds(const QElapsedTimer &timer)
-{
-    return double(timer.nsecsElapsed()) / 1e6;
-}
 
 class Controller final : public AppDelegate {
 public:
     // Adds the foods of the list from one place to another.
     double add(int first, int end)
     {
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = first; i < end; ++i)
-            addFoodPriv(std::make_shared<Food>(foodlist[i]));
-        logtable->reloadData();
-        nutrienttable->reloadData();
-        return milliseconds(timer);
+        return Turns::milliseconds([&] {
+            for (int i = first; i < end; ++i)
+                addFoodPriv(std::make_shared<Food>(foodlist[i]));
+            logtable->reloadData();
+            nutrienttable->reloadData();
+        });
     }
-    double selectAll()
+    double selectFrom(int first)
     {
-        QList<int> rows(static_cast<qsizetype>(foods.size()));
-        std::iota(rows.begin(), rows.end(), 0);
-        QElapsedTimer timer;
-        timer.start();
-        logtable->selectRowIndexes(rows);
-        return milliseconds(timer);
+        QList<int> rows(static_cast<qsizetype>(foods.size()) - first);
+        std::iota(rows.begin(), rows.end(), first);
+        return Turns::milliseconds([&] { logtable->selectRowIndexes(rows); });
     }
     double editFirst()
     {
         logtable->deselectAll();
-        QElapsedTimer timer;
-        timer.start();
-        setObjectValue(logtable, QStringLiteral("12.5"), QStringLiteral("Amount"), 0);
-        updateNutrients();
-        return milliseconds(timer);
+        return Turns::milliseconds([&] {
+            setObjectValue(logtable, QStringLiteral("12.5"), QStringLiteral("Amount"), 0);
+            updateNutrients();
+        });
     }
-    double removeAll()
+    double removeFrom(int first)
     {
-        selectAll();
-        QElapsedTimer timer;
-        timer.start();
-        removeSelected();
-        return milliseconds(timer);
+        selectFrom(first);
+        return Turns::milliseconds([&] { removeSelected(); });
     }
     [[nodiscard]] int foodCount() const { return static_cast<int>(foodlist.size()); }
 };
 
-double medianOf(std::vector<double> values)
+void measureCommands(Turns::Figures &figures, Controller &controller, int count)
 {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
-void measureCommands(Controller &controller, int count)
-{
-    std::vector<double> adding;
-    std::vector<double> selecting;
-    std::vector<double> editing;
-    std::vector<double> removing;
+    constexpr int rounds = 7;
+    Turns::Times adding;
+    Turns::Times selecting;
+    Turns::Times editing;
+    Turns::Times removing;
     for (int round = 0; round < rounds; ++round) {
         adding.push_back(controller.add(0, count));
-        selecting.push_back(controller.selectAll());
+        selecting.push_back(controller.selectFrom(0));
         editing.push_back(controller.editFirst());
-        removing.push_back(controller.removeAll());
+        removing.push_back(controller.removeFrom(0));
     }
-    std::printf("%5d foods: add %9.2f ms, select all %7.2f ms, one edit %5.2f ms, remove all %7.2f ms\n", count,
-        medianOf(adding), medianOf(selecting), medianOf(editing), medianOf(removing));
+    const QString foods = QString::number(count) + QStringLiteral(" foods: ");
+    figures.figure(foods + QStringLiteral("add"), Turns::medianOf(adding));
+    figures.figure(foods + QStringLiteral("select all"), Turns::medianOf(selecting));
+    figures.figure(foods + QStringLiteral("one edit"), Turns::medianOf(editing));
+    figures.figure(foods + QStringLiteral("remove all"), Turns::medianOf(removing));
 }
 
-bool measureHundreds(Controller &controller)
+void measureHundreds(Turns::Figures &figures, Controller &full, Controller &empty)
 {
-    std::vector<double> firsts;
-    std::vector<double> lasts;
-    const int last = controller.foodCount() - hundred;
-    for (int round = 0; round < rounds; ++round) {
-        firsts.push_back(controller.add(0, hundred));
-        controller.add(hundred, last);
-        lasts.push_back(controller.add(last, controller.foodCount()));
-        controller.removeAll();
-    }
-    const double ratio = medianOf(lasts) / medianOf(firsts);
-    std::printf("%-52s %8.2f ms / %8.2f ms = %.2f (at most %.2f)%s\n",
-        "adding the last hundred foods against the first", medianOf(lasts), medianOf(firsts), ratio, limit,
-        ratio <= limit ? "" : "  OVER");
-    return ratio <= limit;
+    constexpr std::size_t turns = 41;
+    const int last = full.foodCount() - hundred;
+    full.add(0, last);
+    const auto addLast = [&](std::size_t) {
+        const double time = full.add(last, full.foodCount());
+        full.removeFrom(last);
+        return time;
+    };
+    const auto addFirst = [&](std::size_t) {
+        const double time = empty.add(0, hundred);
+        empty.removeFrom(0);
+        return time;
+    };
+    figures.ratio(QStringLiteral("adding the last hundred foods against the first"),
+        Turns::inTurns(turns, addLast, addFirst), 3.0);
 }
 
 } // namespace
@@ -127,9 +107,14 @@ int main(int argc, char **argv)
     Controller controller;
     MainInterface interface(controller);
     controller.applicationDidFinishLaunching();
+    Controller empty;
+    MainInterface other(empty);
+    empty.applicationDidFinishLaunching();
     controller.add(0, controller.foodCount()); // so that every file has been read once
-    controller.removeAll();
+    controller.removeFrom(0);
+    Turns::Figures figures;
     for (const int count : {20, 200, 2000, controller.foodCount()})
-        measureCommands(controller, count);
-    return measureHundreds(controller) ? EXIT_SUCCESS : EXIT_FAILURE;
+        measureCommands(figures, controller, count);
+    measureHundreds(figures, controller, empty);
+    return figures.exitCode();
 }

@@ -1,27 +1,28 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+// Finding foods: from a key press, a first opening or a turned page to the painted list, each beside a fixed piece of
+// work of its kind, and what the search takes of it.
+
+#include "bench/Turns.h"
 #include "catalog/FoodCatalogue.h"
 #include "search/FoodSearch.h"
 #include "platform/Bundle.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
 #include <QMainWindow>
 #include <QScrollBar>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
-#include <vector>
 
 namespace {
+
+constexpr std::size_t rounds = 11;
 
 // Everyday words, single and several, some misspelt and some by another name.
 constexpr const char *typedwords[] = {"milk", "egg", "apple", "chicken breast", "plain yogurt", "whole wheat bread",
@@ -29,6 +30,18 @@ constexpr const char *typedwords[] = {"milk", "egg", "apple", "chicken breast", 
     "ground beef", "lettuce", "olive oil", "aubergine", "mayonaise", "peanut butter", "potato chips", "ketchup",
     "grilled prawns", "ice cream", "strawberries", "oatmeal", "black beans", "cornflakes", "zucchini"};
 static_assert(std::size(typedwords) == 30);
+
+// What stands in the field after each key, letter by letter.
+QStringList beginnings()
+{
+    QStringList list;
+    for (const char *word : typedwords) {
+        const QString whole = QLatin1String(word);
+        for (qsizetype letters = 1; letters <= whole.size(); ++letters)
+            list.append(whole.left(letters));
+    }
+    return list;
+}
 
 class PaintCounter final : public QObject {
 public:
@@ -61,112 +74,95 @@ struct Sheet {
     }
     QLineEdit *field() const { return sheet->findChild<QLineEdit *>(QStringLiteral("searchfield")); }
     QListView *list() const { return sheet->findChild<QListView *>(QStringLiteral("foodlist")); }
+    void search(const QString &query) const
+    {
+        field()->setText(query);
+        QCoreApplication::processEvents();
+    }
 };
 
-double milliseconds(const QElapsedTimer &timer)
-{
-    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
-}
-
-double medianOf(std::vector<double> times)
-{
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
-}
-
-// The median and the worst beside what they may be. The worst of all times is of the machine as much as of the program,
-// so with it goes the worst step: each round takes the same steps, and of a step the median over the rounds counts.
-void report(benchmark::State &state, const std::vector<double> &times, double median, double worst)
-{
-    const auto rounds = static_cast<std::size_t>(state.iterations());
-    const std::size_t steps = times.size() / rounds;
-    double worststep = 0.0;
-    for (std::size_t step = 0; step < steps; ++step) {
-        std::vector<double> same;
-        for (std::size_t round = 0; round < rounds; ++round)
-            same.push_back(times[round * steps + step]);
-        worststep = std::max(worststep, medianOf(same));
+// What every change of the list is held beside: a list painted anew and nothing else.
+class PaintedList final {
+public:
+    PaintedList()
+    {
+        sheet.open();
+        sheet.search(QStringLiteral("beef"));
     }
-    state.counters["median_ms"] = medianOf(times);
-    state.counters["median_limit_ms"] = median;
-    state.counters["worst_step_ms"] = worststep;
-    state.counters["worst_ms"] = *std::max_element(times.begin(), times.end());
-    state.counters["worst_limit_ms"] = worst;
-    state.counters["count"] = static_cast<double>(times.size());
+    double operator()(std::size_t /*turn*/) const
+    {
+        return Turns::milliseconds([&] { sheet.list()->viewport()->repaint(); });
+    }
+
+private:
+    Sheet sheet;
+};
+
+// The median, the worst step, as each round takes the same, and the slowest of all, which is of the machine as much as
+// of the program and has no limit.
+void report(Turns::Figures &figures, const QString &what, const Turns::Pair &pair, std::size_t steps, double worst)
+{
+    figures.time(what + QStringLiteral(", median"), pair, 2.0);
+    figures.time(what + QStringLiteral(", worst step"), pair, worst, steps);
+    figures.figure(what + QStringLiteral(", slowest"), *std::max_element(pair.measured.begin(), pair.measured.end()));
 }
 
-void press(QWidget *widget, int key, QChar letter)
+void press(QWidget *widget, QChar letter)
 {
+    const int key = letter == u' ' ? int(Qt::Key_Space) : Qt::Key_A + (letter.unicode() - u'a');
     QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, QString(letter));
     QCoreApplication::sendEvent(widget, &event);
 }
 
 // From a key press to the list painted anew, letter by letter.
-void typeThirtyWords(benchmark::State &state)
+void typeThirtyWords(Turns::Figures &figures)
 {
+    const PaintedList repaint;
     Sheet sheet;
     sheet.open();
     PaintCounter counter;
     sheet.list()->viewport()->installEventFilter(&counter);
-    std::vector<double> times;
-    for ([[maybe_unused]] auto _ : state) {
-        for (const char *word : typedwords) {
-            for (const char *letter = word; *letter != '\0'; ++letter) {
-                const int before = counter.paints;
-                QElapsedTimer timer;
-                timer.start();
-                press(
-                    sheet.field(), *letter == ' ' ? Qt::Key_Space : Qt::Key_A + (*letter - 'a'), QLatin1Char(*letter));
-                QCoreApplication::processEvents();
-                times.push_back(milliseconds(timer));
-                if (counter.paints == before)
-                    state.SkipWithError("a key did not repaint the list");
-            }
-            if (sheet.field()->text() != QLatin1String(word))
-                state.SkipWithError("the keys did not reach the field");
-            sheet.field()->clear();
+    const QStringList keys = beginnings();
+    const auto steps = static_cast<std::size_t>(keys.size());
+    const auto pressKey = [&](std::size_t turn) {
+        const QString &text = keys[static_cast<qsizetype>(turn % steps)];
+        if (text.size() == 1)
+            sheet.search({});
+        const int before = counter.paints;
+        const double time = Turns::milliseconds([&] {
+            press(sheet.field(), text.back());
             QCoreApplication::processEvents();
-        }
-    }
-    report(state, times, 2.0, 8.0);
+        });
+        if (counter.paints == before || sheet.field()->text() != text)
+            qFatal("a key did not reach the field or did not repaint the list");
+        return time;
+    };
+    const Turns::Pair pair = Turns::inTurns(rounds * steps, pressKey, repaint);
+    report(figures, QStringLiteral("type thirty words"), pair, steps, 8.0);
+    figures.figure(QStringLiteral("repaint the list"), Turns::medianOf(pair.reference));
 }
-BENCHMARK(typeThirtyWords)->Unit(benchmark::kMillisecond)->Iterations(10);
 
-// What a key press is held against: the list painted anew and nothing else.
-void repaintTheList(benchmark::State &state)
+// The search alone, after each of those keys, beside a plain look for a fixed text in all names.
+void searchEveryBeginning(Turns::Figures &figures)
 {
-    Sheet sheet;
-    sheet.open();
-    sheet.field()->setText(QStringLiteral("beef"));
-    QCoreApplication::processEvents();
-    for ([[maybe_unused]] auto _ : state)
-        sheet.list()->viewport()->repaint();
-}
-BENCHMARK(repaintTheList)->Unit(benchmark::kMillisecond);
-
-// The search alone, over every beginning of the thirty words.
-void searchEveryBeginning(benchmark::State &state)
-{
-    FoodSearch search(FoodCatalogue::foodNames());
+    const QStringList names = FoodCatalogue::foodNames();
+    FoodSearch search(names);
     search.prepare();
-    std::vector<double> times;
-    for ([[maybe_unused]] auto _ : state) {
-        for (const char *word : typedwords) {
-            const QString query = QLatin1String(word);
-            for (qsizetype letters = 1; letters <= query.size(); ++letters) {
-                QElapsedTimer timer;
-                timer.start();
-                benchmark::DoNotOptimize(search.search(query.left(letters)));
-                times.push_back(milliseconds(timer));
-            }
-        }
-    }
-    report(state, times, 2.0, 8.0);
+    const QStringList queries = beginnings();
+    const auto steps = static_cast<std::size_t>(queries.size());
+    const auto searchOne = [&](std::size_t turn) {
+        const QString &query = queries[static_cast<qsizetype>(turn % steps)];
+        return Turns::milliseconds([&] { Turns::keep(search.search(query)); });
+    };
+    const auto lookPlainly = [&](std::size_t) {
+        return Turns::milliseconds([&] { Turns::keep(names.filter(QStringLiteral("beef"), Qt::CaseInsensitive)); });
+    };
+    report(figures, QStringLiteral("search every beginning"), Turns::inTurns(rounds * steps, searchOne, lookPlainly),
+        steps, 8.0);
 }
-BENCHMARK(searchEveryBeginning)->Unit(benchmark::kMillisecond)->Iterations(10);
 
 // The most that a query can ask for: as many words as count, each of them misspelt, among 10,000 letters.
-void searchTheWorstQuery(benchmark::State &state)
+void searchTheWorstQuery(Turns::Figures &figures)
 {
     FoodSearch search(FoodCatalogue::foodNames());
     search.prepare();
@@ -175,78 +171,70 @@ void searchTheWorstQuery(benchmark::State &state)
         "tomatoees carrrots lettuse pinneapple watermelan grapefriut nectarinne apricotts cheddarr mozarella parmesann "
         "yogurtt spagheti ");
     const QString query = words + QString(10000, u'x');
-    for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(search.search(query));
+    Turns::Times times;
+    for (std::size_t round = 0; round < rounds; ++round)
+        times.push_back(Turns::milliseconds([&] { Turns::keep(search.search(query)); }));
+    figures.figure(QStringLiteral("search the worst query"), Turns::medianOf(times));
 }
-BENCHMARK(searchTheWorstQuery)->Unit(benchmark::kMillisecond);
 
-void takeTheNamesApart(benchmark::State &state)
+void takeTheNamesApart(Turns::Figures &figures)
 {
-    for ([[maybe_unused]] auto _ : state) {
-        FoodSearch search(FoodCatalogue::foodNames());
-        search.prepare();
-        benchmark::DoNotOptimize(search);
+    Turns::Times times;
+    for (std::size_t round = 0; round < rounds; ++round) {
+        times.push_back(Turns::milliseconds([] {
+            FoodSearch search(FoodCatalogue::foodNames());
+            search.prepare();
+            Turns::keep(search);
+        }));
     }
+    figures.figure(QStringLiteral("take the names apart"), Turns::medianOf(times));
 }
-BENCHMARK(takeTheNamesApart)->Unit(benchmark::kMillisecond);
 
-// A new sheet each time, as after the program's start, until it is painted.
-void openTheSheetForTheFirstTime(benchmark::State &state)
+// A new sheet each time, as after the program's start, until it is painted, beside a dialog of that size with nothing
+// in it.
+void openTheSheetForTheFirstTime(Turns::Figures &figures)
 {
-    std::vector<double> times;
-    for ([[maybe_unused]] auto _ : state) {
-        state.PauseTiming();
-        auto sheet = std::make_unique<Sheet>();
-        state.ResumeTiming();
-        QElapsedTimer timer;
-        timer.start();
-        sheet->open();
-        times.push_back(milliseconds(timer));
-        state.PauseTiming();
-        sheet.reset();
-        state.ResumeTiming();
-    }
-    state.counters["median_ms"] = medianOf(times);
-    state.counters["median_limit_ms"] = 30.0;
-}
-BENCHMARK(openTheSheetForTheFirstTime)->Unit(benchmark::kMillisecond)->Iterations(30);
-
-// What the opening is held against: a dialog of that size with nothing in it.
-void openAnEmptyDialog(benchmark::State &state)
-{
+    constexpr std::size_t turns = 31;
     QMainWindow window;
     window.resize(900, 650);
     window.show();
     QCoreApplication::processEvents();
-    for ([[maybe_unused]] auto _ : state) {
-        QDialog dialog(&window);
-        dialog.resize(920, 580);
-        dialog.open();
-        QCoreApplication::processEvents();
-    }
+    const auto openSheet = [](std::size_t) {
+        Sheet sheet;
+        return Turns::milliseconds([&] { sheet.open(); });
+    };
+    const auto openEmpty = [&](std::size_t) {
+        return Turns::milliseconds([&] {
+            QDialog dialog(&window);
+            dialog.resize(920, 580);
+            dialog.open();
+            QCoreApplication::processEvents();
+        });
+    };
+    const Turns::Pair pair = Turns::inTurns(turns, openSheet, openEmpty);
+    figures.time(QStringLiteral("open the sheet for the first time, median"), pair, 30.0);
+    figures.figure(QStringLiteral("open an empty dialog"), Turns::medianOf(pair.reference));
 }
-BENCHMARK(openAnEmptyDialog)->Unit(benchmark::kMillisecond)->Iterations(30);
 
 // Every page of the 7,801 foods from the first to the last, each painted; a page of a screen that shows 60 in a second
 // has 16 ms.
-void scrollTheCatalogueFromEndToEnd(benchmark::State &state)
+void scrollTheCatalogueFromEndToEnd(Turns::Figures &figures)
 {
+    const PaintedList repaint;
     Sheet sheet;
     sheet.open();
     QScrollBar *bar = sheet.list()->verticalScrollBar();
-    std::vector<double> times;
-    for ([[maybe_unused]] auto _ : state) {
-        for (int value = 0; value < bar->maximum(); value += bar->pageStep()) {
-            QElapsedTimer timer;
-            timer.start();
-            bar->setValue(value);
+    const int page = bar->pageStep();
+    const auto steps = static_cast<std::size_t>((bar->maximum() + page - 1) / page);
+    const auto turnPage = [&](std::size_t turn) {
+        return Turns::milliseconds([&] {
+            bar->setValue(static_cast<int>(turn % steps) * page);
             QCoreApplication::processEvents();
-            times.push_back(milliseconds(timer));
-        }
-    }
-    report(state, times, 2.0, 16.0);
+        });
+    };
+    report(figures, QStringLiteral("scroll the catalogue from end to end"),
+        Turns::inTurns(rounds * steps, turnPage, repaint), steps, 16.0);
 }
-BENCHMARK(scrollTheCatalogueFromEndToEnd)->Unit(benchmark::kMillisecond)->Iterations(3);
 
 } // namespace
 
@@ -255,7 +243,12 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     Bundle::mainBundle().setResourcePath(QStringLiteral(SOURCE_DIR "/resources"));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
+    Turns::Figures figures;
+    typeThirtyWords(figures);
+    searchEveryBeginning(figures);
+    searchTheWorstQuery(figures);
+    takeTheNamesApart(figures);
+    openTheSheetForTheFirstTime(figures);
+    scrollTheCatalogueFromEndToEnd(figures);
+    return figures.exitCode();
 }

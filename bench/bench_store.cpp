@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
-// What the history costs: the preferences store with a week, a year and 20 years of days of 20 foods. Every figure that
-// has a limit is a ratio of two that were measured in this run, in random turns; the run fails when one is over.
+// What the history costs: the preferences store with a week, a year and 20 years of days of 20 foods.
 
+#include "bench/Turns.h"
 #include "platform/KeyedArchiver.h"
 #include "platform/PropertyList.h"
 #include "platform/UserDefaults.h"
@@ -14,14 +14,10 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <benchmark/benchmark.h>
-#include <sqlite3.h>
-
-#include <cstdio>
 #include <map>
 #include <memory>
+#include <sqlite3.h>
 #include <string>
-#include <vector>
 
 namespace {
 
@@ -66,15 +62,16 @@ int nextTurn()
     return ++turn;
 }
 
-// One store of so many days, made once.
-const QString &storeOf(int days)
+// One store of so many days, made once for each use: an open store lets nobody else in.
+const QString &storeOf(int days, const char *use = "read")
 {
     static const QTemporaryDir folder(QDir::currentPath() + QStringLiteral("/bench_store-XXXXXX"));
-    static std::map<int, QString> stores;
-    QString &path = stores[days];
+    static std::map<QString, QString> stores;
+    const QString name = QLatin1String(use) + QString::number(days);
+    QString &path = stores[name];
     if (!path.isEmpty())
         return path;
-    path = folder.filePath(QStringLiteral("%1/preferences.sqlite").arg(days));
+    path = folder.filePath(name + QStringLiteral("/preferences.sqlite"));
     UserDefaults defaults(path);
     UserDefaults::Transaction history(defaults);
     for (int day = 0; day < days; ++day)
@@ -95,12 +92,11 @@ bool isFood(const QByteArray &record)
 }
 
 // Everything that start-up asks of the store, and the day's foods.
-void openStoreAndDay(benchmark::State &state)
+double openStoreAndDay(int days, std::size_t turn)
 {
-    const int days = int(state.range(0));
     const QString &path = storeOf(days);
-    int day = 0;
-    for (auto _ : state) {
+    const int day = 31 * int(turn) % days;
+    return Turns::milliseconds([&] {
         UserDefaults defaults(path);
         defaults.registerDefaults({{QStringLiteral("RememberDate"), QStringLiteral("YES")}});
         const QVariant rdas = defaults.objectForKey(QStringLiteral("RDAs"));
@@ -111,72 +107,79 @@ void openStoreAndDay(benchmark::State &state)
         for (const QVariant &record : log)
             foods += isFood(record.toByteArray()) ? 1 : 0;
         if (!remembers || !date.isValid() || rdas.toList().size() != 61 || foods != foodsOfADay)
-            state.SkipWithError("the day is not there");
-        day = (day + 31) % days;
-    }
-}
-
-void leaveDay(benchmark::State &state)
-{
-    const int days = int(state.range(0));
-    UserDefaults defaults(storeOf(days));
-    defaults.setObject(nextTurn(), QStringLiteral("Opened")); // opens the store and its journal
-    for (auto _ : state) {
-        state.PauseTiming();
-        const int turn = nextTurn();
-        const int day = 31 * turn % days;
-        const QVariantList log = dayLog(day, turn);
-        state.ResumeTiming();
-        defaults.setObject(log, dayKey(day));
-    }
-    if (!defaults.synchronize())
-        state.SkipWithError("the day was not written");
+            qFatal("the day is not there");
+    });
 }
 
 // The least that SQLite can do to put the same bytes on the disk.
-void bareCommit(benchmark::State &state)
-{
-    const int days = int(state.range(0));
-    sqlite3 *database = nullptr;
-    sqlite3_open(storeOf(days).toUtf8().constData(), &database);
-    const auto run = [&](const char *sql) { return sqlite3_exec(database, sql, nullptr, nullptr, nullptr); };
-    run("PRAGMA locking_mode = EXCLUSIVE; PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY");
-    run(("REPLACE INTO defaults VALUES('Opened', " + std::to_string(nextTurn()) + ")").c_str());
-    sqlite3_stmt *statement = nullptr;
-    sqlite3_prepare_v2(database,
-        "INSERT INTO defaults(key, value) VALUES(?1, ?2) ON CONFLICT(key) DO UPDATE SET value = excluded.value", -1,
-        &statement, nullptr);
-    for (auto _ : state) {
-        state.PauseTiming();
-        const int turn = nextTurn();
-        const int day = 31 * turn % days;
-        const QByteArray key = dayKey(day).toUtf8();
-        const QByteArray bytes = PropertyList::write(dayLog(day, turn)).value();
+class BareStore final {
+public:
+    explicit BareStore(const QString &path)
+    {
+        sqlite3_open(path.toUtf8().constData(), &database);
+        run("PRAGMA locking_mode = EXCLUSIVE; PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY");
+        run(("REPLACE INTO defaults VALUES('Opened', " + std::to_string(nextTurn()) + ")").c_str());
+        sqlite3_prepare_v2(database,
+            "INSERT INTO defaults(key, value) VALUES(?1, ?2) ON CONFLICT(key) DO UPDATE SET value = excluded.value", -1,
+            &statement, nullptr);
+    }
+    ~BareStore()
+    {
+        sqlite3_finalize(statement);
+        sqlite3_close(database);
+    }
+    Q_DISABLE_COPY_MOVE(BareStore)
+
+    double commit(const QByteArray &key, const QByteArray &bytes)
+    {
         sqlite3_bind_text(statement, 1, key.constData(), int(key.size()), SQLITE_STATIC);
         sqlite3_bind_blob(statement, 2, bytes.constData(), int(bytes.size()), SQLITE_STATIC);
-        state.ResumeTiming();
-        run("BEGIN IMMEDIATE");
-        const int result = sqlite3_step(statement);
-        sqlite3_reset(statement);
-        if (run("COMMIT") != SQLITE_OK || result != SQLITE_DONE)
-            state.SkipWithError("the bytes were not written");
+        return Turns::milliseconds([&] {
+            run("BEGIN IMMEDIATE");
+            const int result = sqlite3_step(statement);
+            sqlite3_reset(statement);
+            if (run("COMMIT") != SQLITE_OK || result != SQLITE_DONE)
+                qFatal("the bytes were not written");
+        });
     }
-    sqlite3_finalize(statement);
-    sqlite3_close(database);
+
+private:
+    int run(const char *sql) { return sqlite3_exec(database, sql, nullptr, nullptr, nullptr); }
+
+    sqlite3 *database = nullptr;
+    sqlite3_stmt *statement = nullptr;
+};
+
+Turns::Pair leaveDay(int days)
+{
+    constexpr std::size_t turns = 500;
+    UserDefaults defaults(storeOf(days, "left"));
+    defaults.setObject(nextTurn(), QStringLiteral("Opened")); // opens the store and its journal
+    BareStore bare(storeOf(days, "bare"));
+    const auto leave = [&](std::size_t turn) {
+        const int day = 31 * int(turn) % days;
+        const QVariantList log = dayLog(day, nextTurn());
+        return Turns::milliseconds([&] { defaults.setObject(log, dayKey(day)); });
+    };
+    const auto commit = [&](std::size_t turn) {
+        const int day = 31 * int(turn) % days;
+        return bare.commit(dayKey(day).toUtf8(), PropertyList::write(dayLog(day, nextTurn())).value());
+    };
+    const Turns::Pair pair = Turns::inTurns(turns, leave, commit);
+    if (!defaults.synchronize())
+        qFatal("the day was not written");
+    return pair;
 }
 
 // RDAs, date, day and window in one transaction, on a store that was only read so far.
-void shutdownSave(benchmark::State &state)
+double shutdownSave(int days)
 {
-    const int days = int(state.range(0));
-    for (auto _ : state) {
-        state.PauseTiming();
-        const int turn = nextTurn();
-        const int day = 31 * turn % days;
-        auto defaults = std::make_unique<UserDefaults>(storeOf(days));
-        benchmark::DoNotOptimize(defaults->objectForKey(dayKey(day)));
-        const QVariantList log = dayLog(day, turn);
-        state.ResumeTiming();
+    const int turn = nextTurn();
+    const int day = 31 * turn % days;
+    auto defaults = std::make_unique<UserDefaults>(storeOf(days));
+    Turns::keep(defaults->objectForKey(dayKey(day)));
+    const QVariantList log = dayLog(day, turn);
+    return Turns::milliseconds([&] {
         {
             UserDefaults::Transaction save(*defaults);
             defaults->setObject(rdaList(turn), QStringLiteral("RDAs"));
@@ -184,82 +187,38 @@ void shutdownSave(benchmark::State &state)
             defaults->setObject(log, dayKey(day));
             defaults->setObject(QByteArray(70, char(turn)), QStringLiteral("WindowGeometry"));
             if (!save.commit())
-                state.SkipWithError("nothing was saved");
+                qFatal("nothing was saved");
         }
         defaults.reset();
-    }
+    });
 }
 
-// The console's report, with the medians kept for the comparison.
-class MedianReporter final : public benchmark::ConsoleReporter {
-public:
-    void ReportRuns(const std::vector<Run> &runs) override
-    {
-        for (const Run &run : runs) {
-            failed = failed || run.error_occurred;
-            if (run.aggregate_name == "median")
-                medians[run.run_name.function_name + "/" + run.run_name.args] = run.GetAdjustedRealTime();
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-
-    std::map<std::string, double> medians;
-    bool failed = false;
-};
-
-// One line, and whether the ratio is within its limit. A figure that was filtered out has no verdict.
-bool compare(const MedianReporter &reporter, const char *title, const std::string &measured, const std::string &against,
-    double limit)
+void compareOpening(Turns::Figures &figures, const QString &title, int days, std::optional<double> limit)
 {
-    const auto numerator = reporter.medians.find(measured);
-    const auto denominator = reporter.medians.find(against);
-    if (numerator == reporter.medians.end() || denominator == reporter.medians.end())
-        return true;
-    const double ratio = numerator->second / denominator->second;
-    std::printf("%-52s %8.1f us / %8.1f us = %.2f (at most %.2f)%s\n", title, numerator->second, denominator->second,
-        ratio, limit, ratio <= limit ? "" : "  OVER");
-    return ratio <= limit;
+    constexpr std::size_t turns = 2000;
+    figures.ratio(title,
+        Turns::inTurns(
+            turns, [&](std::size_t turn) { return openStoreAndDay(days, turn); },
+            [](std::size_t turn) { return openStoreAndDay(week, turn); }),
+        limit);
 }
 
 } // namespace
 
-int main(int argc, char **argv)
+int main()
 {
-    std::vector<std::string> arguments{argv[0], "--benchmark_enable_random_interleaving=true",
-        "--benchmark_repetitions=21", "--benchmark_report_aggregates_only=true"};
-    arguments.insert(arguments.end(), argv + 1, argv + argc);
-    std::vector<char *> pointers;
-    for (std::string &argument : arguments)
-        pointers.push_back(argument.data());
-    int count = int(pointers.size());
-    benchmark::Initialize(&count, pointers.data());
-
-    const auto add = [](const char *name, void (*function)(benchmark::State &), int iterations) {
-        benchmark::RegisterBenchmark(name, function)
-            ->Arg(week)
-            ->Arg(year)
-            ->Arg(twentyYears)
-            ->Unit(benchmark::kMicrosecond)
-            ->Iterations(iterations)
-            ->UseRealTime();
-    };
-    add("openStoreAndDay", openStoreAndDay, 300);
-    add("leaveDay", leaveDay, 50);
-    add("bareCommit", bareCommit, 50);
-    add("shutdownSave", shutdownSave, 10);
-
-    MedianReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    std::printf("\n");
-    bool iswithin = !reporter.failed;
-    iswithin = compare(reporter, "opening the store and a day, 20 years to a week", "openStoreAndDay/7305",
-                   "openStoreAndDay/7", 1.1)
-        && iswithin;
-    for (const char *days : {"7", "365", "7305"}) {
-        const std::string title = std::string("leaving a day to a bare commit, ") + days + " days";
-        iswithin
-            = compare(reporter, title.c_str(), std::string("leaveDay/") + days, std::string("bareCommit/") + days, 1.5)
-            && iswithin;
+    Turns::Figures figures;
+    compareOpening(figures, QStringLiteral("opening the store and a day, a year to a week"), year, {});
+    compareOpening(figures, QStringLiteral("opening the store and a day, 20 years to a week"), twentyYears, 1.1);
+    constexpr int histories[] = {week, year, twentyYears};
+    for (const int days : histories)
+        figures.ratio(QStringLiteral("leaving a day to a bare commit, %1 days").arg(days), leaveDay(days), 1.5);
+    std::map<int, Turns::Times> saves;
+    for (int turn = 0; turn < 210; ++turn) {
+        for (const int days : histories)
+            saves[days].push_back(shutdownSave(days));
     }
-    return iswithin ? EXIT_SUCCESS : EXIT_FAILURE;
+    for (const auto &[days, times] : saves)
+        figures.figure(QStringLiteral("shutdown save, %1").arg(days), Turns::medianOf(times));
+    return figures.exitCode();
 }

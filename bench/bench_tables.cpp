@@ -1,28 +1,26 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+// Both tables of a day of 20 foods are reloaded and painted, as after an added food or a change of unit, beside a plain
+// table of Qt's that is painted.
+
 #include "app/AppDelegate.h"
-#include "catalog/FoodCatalogue.h"
+#include "bench/Turns.h"
 #include "platform/Bundle.h"
 #include "platform/UserDefaults.h"
 #include "ui/MainInterface.h"
 #include "ui/table/TableView.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QMainWindow>
+#include <QTableWidget>
 #include <QTemporaryDir>
 
-#include <benchmark/benchmark.h>
-
 #include <algorithm>
-#include <cstdlib>
-#include <vector>
 
 namespace {
 
 constexpr int foodsofaday = 20;
-constexpr double aim = 2.0; // milliseconds
 
 class Controller final : public AppDelegate {
 public:
@@ -46,9 +44,19 @@ public:
     }
 };
 
-// Both tables of a day of 20 foods are reloaded and painted, as after an added food or a change of unit.
-void reloadAndRepaintBothTables(benchmark::State &state)
+void fill(QTableWidget &table)
 {
+    for (int row = 0; row < table.rowCount(); ++row) {
+        for (int column = 0; column < table.columnCount(); ++column)
+            table.setItem(row, column, new QTableWidgetItem(QStringLiteral("row %1, %2").arg(row).arg(column)));
+    }
+    table.resize(800, 600);
+    table.show();
+}
+
+void reloadAndRepaint(Turns::Figures &figures, int width, int height)
+{
+    constexpr std::size_t turns = 301;
     const QTemporaryDir home;
     UserDefaults store(home.filePath(QStringLiteral("provender/preferences.sqlite")));
     UserDefaults::setStandardUserDefaults(&store);
@@ -56,32 +64,26 @@ void reloadAndRepaintBothTables(benchmark::State &state)
     MainInterface interface(controller);
     controller.applicationDidFinishLaunching();
     controller.addEveryNth(foodsofaday);
-    interface.mainWindow()->resize(static_cast<int>(state.range(0)), static_cast<int>(state.range(1)));
+    interface.mainWindow()->resize(width, height);
     interface.show();
+    QTableWidget plain(foodsofaday, 4);
+    fill(plain);
     QCoreApplication::processEvents();
 
-    std::vector<double> times;
-    for ([[maybe_unused]] auto _ : state) {
-        QElapsedTimer timer;
-        timer.start();
-        controller.reloadBoth();
-        controller.repaintBoth();
-        times.push_back(double(timer.nsecsElapsed()) / 1e6);
-        state.PauseTiming();
+    const auto both = [&](std::size_t) {
+        const double time = Turns::milliseconds([&] {
+            controller.reloadBoth();
+            controller.repaintBoth();
+        });
         QCoreApplication::processEvents();
-        state.ResumeTiming();
-    }
-    std::sort(times.begin(), times.end());
-    state.counters["median_ms"] = times[times.size() / 2];
-    state.counters["worst_ms"] = times.back();
-    state.counters["aim_ms"] = aim;
+        return time;
+    };
+    const auto repaintPlain = [&](std::size_t) { return Turns::milliseconds([&] { plain.viewport()->repaint(); }); };
+    const Turns::Pair pair = Turns::inTurns(turns, both, repaintPlain);
+    const QString what = QStringLiteral("reload and repaint both tables, %1, %2").arg(width).arg(height);
+    figures.time(what + QStringLiteral(", median"), pair, 2.0);
+    figures.figure(what + QStringLiteral(", slowest"), *std::max_element(pair.measured.begin(), pair.measured.end()));
 }
-// The size it first opens with, and one that shows all 61 nutrients.
-BENCHMARK(reloadAndRepaintBothTables)
-    ->Args({1080, 680})
-    ->Args({1280, 1600})
-    ->Unit(benchmark::kMillisecond)
-    ->Iterations(300);
 
 } // namespace
 
@@ -90,7 +92,8 @@ int main(int argc, char **argv)
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
     Bundle::mainBundle().setResourcePath(QStringLiteral(SOURCE_DIR "/resources"));
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return EXIT_SUCCESS;
+    Turns::Figures figures;
+    reloadAndRepaint(figures, 1080, 680); // the size it first opens with
+    reloadAndRepaint(figures, 1280, 1600); // all 61 nutrients in sight
+    return figures.exitCode();
 }

@@ -4,7 +4,7 @@
 #
 # Builds the benchmarks, runs them all and prints one table of what they measured, each figure beside its limit from the
 # same run. The table goes to build/bench/figures.txt too, and with all its digits to build/bench/figures.json.
-# Fails when a figure is over its limit. Wants a quiet machine and takes a few minutes.
+# Fails when a figure is over its limit. Takes a few minutes; times are judged on a quiet machine alone.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
