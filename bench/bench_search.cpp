@@ -6,8 +6,8 @@
 
 #include "bench/Turns.h"
 #include "catalog/FoodCatalogue.h"
-#include "search/FoodSearch.h"
 #include "platform/Bundle.h"
+#include "search/FoodSearch.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 
 #include <QApplication>

@@ -12,7 +12,7 @@ namespace FoodLexicon {
 
 enum class Tone {
     Ordinary, // tells one food from another, the more the rarer it is
-    StopWord, // "and", "with": worth nothing
+    StopWord, // "and", "of": worth nothing
     Plain, // "raw", "whole": what a person means who says no more
     Neutral, // "enriched", "commercially": every form of a food may be called so
     Processed, // "dried", "canned", "mix"

@@ -5,8 +5,8 @@
 
 #include "platform/LocalDay.h"
 
-#include "ui/foodsheet/ArrayController.h"
 #include "ui/controls/DatePicker.h"
+#include "ui/foodsheet/ArrayController.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -3,8 +3,8 @@
 
 #include "platform/LocalDay.h"
 #include "tests/support/Run.h"
-#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/controls/DatePicker.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 
 #include <QAction>
 #include <QCheckBox>

@@ -135,6 +135,27 @@ private:
     }
 
 private slots:
+    void whatCannotBeSavedAtTheEndIsLeftBesideTheStore()
+    {
+        Program run(program, *home, server.get());
+        QVERIFY(run.startShown());
+        addFood(run);
+        {
+            StoreView reader(home->storePath());
+            QVERIFY(reader.run("BEGIN; SELECT count(*) FROM defaults"));
+            run.signal(SIGTERM);
+            QCOMPARE(run.waitForEnd(), 0);
+        }
+        QVERIFY(QFile::exists(home->storePath() + QStringLiteral(".pending")));
+        QCOMPARE(home->entries(day).size(), 3);
+        Program next(program, *home, server.get());
+        QVERIFY(next.startShown());
+        next.signal(SIGTERM);
+        QCOMPARE(next.waitForEnd(), 0);
+        QCOMPARE(home->entries(day).size(), 4);
+        QVERIFY(!QFile::exists(home->storePath() + QStringLiteral(".pending")));
+    }
+
     void initTestCase()
     {
         server = std::make_unique<XServer>();

@@ -1,15 +1,15 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/LocalDay.h"
 #include "tests/support/Chance.h"
 #include "tests/support/NaiveComparison.h"
 #include "tests/support/NaiveLog.h"
-#include "platform/LocalDay.h"
 #include "tests/support/Run.h"
 
 #include "model/FoodRecord.h"
-#include "ui/foodsheet/ArrayController.h"
 #include "ui/controls/DatePicker.h"
+#include "ui/foodsheet/ArrayController.h"
 #include "ui/table/MenuItemUnit.h"
 
 #include <QAction>

@@ -94,7 +94,7 @@ private slots:
             QVERIFY2(defaults.synchronize(), "nothing is left to be written");
         }
         QCOMPARE(place->stored(day), number(2));
-        QCOMPARE(StoreView(place->aside()).rows(), 1);
+        QVERIFY(!StoreView(place->aside()).bytes(day).isEmpty());
     }
 
     void aHeaderThatForbidsWritingSetsTheStoreAside_data()

@@ -8,7 +8,8 @@
 #include <QDateTime>
 
 // A date field with a calendar that holds an instant: choosing another date keeps the instant's local time of day, as
-// LocalDay has it. A typed date is sent once, when it is complete. A plain QDateEdit holds a local date and sends whatever code sets.
+// LocalDay has it. A typed date is sent once, when it is complete. A plain QDateEdit holds a local date and sends
+// whatever code sets.
 class DatePicker final : public QDateEdit {
     Q_OBJECT
 

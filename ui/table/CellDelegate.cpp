@@ -3,9 +3,9 @@
 
 #include "ui/table/CellDelegate.h"
 
+#include "ui/controls/TextField.h"
 #include "ui/table/TableCell.h"
 #include "ui/table/TableModel.h"
-#include "ui/controls/TextField.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
