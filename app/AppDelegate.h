@@ -60,6 +60,10 @@ public:
 
     // app/AppDelegate.cpp: start and stop
 
+    // Added: tells the store how a value that could not be read comes together with this run's, and has it take in what
+    // an earlier run could not save. Before launching finishes.
+    static void prepareStore(UserDefaults &store);
+
     // Fills the menu and the sheet, becomes both tables' delegate and source, reads the settings and opens the first
     // day. The RDA's field is filled; its unit label stays as described until a nutrient is chosen.
     void applicationDidFinishLaunching();

@@ -75,11 +75,15 @@ QVariantList defaultRDAs()
 
 } // namespace
 
+void AppDelegate::prepareStore(UserDefaults &store)
+{
+    store.setJoin(joinValues);
+    store.takeInPending();
+}
+
 void AppDelegate::initPrefs()
 {
     prefs = &UserDefaults::standardUserDefaults();
-    prefs->setJoin(joinValues);
-    prefs->takeInPending();
     // The first two do nothing and are kept for whoever looks for them. No default for "LastDate" and "RDAs": a run
     // that finds none knows that it is the first.
     prefs->registerDefaults({
@@ -99,6 +103,10 @@ void AppDelegate::initPrefs()
     const auto length = std::min(static_cast<std::size_t>(values.size()), rdas.size());
     for (std::size_t i = 0; i < length; ++i)
         rdas[i] = rdaFromStored(values[static_cast<qsizetype>(i)]);
+    // Where an earlier run could save nothing, what it set is this run's to save.
+    const QVariantList changed = prefs->changedForKey(SettingsKeys::RDAs).toList();
+    for (std::size_t i = 0; i < rdas.size(); ++i)
+        rdaschanged.set(i, changed.value(static_cast<qsizetype>(i)).toBool());
 
     const QVariant lastdate = prefs->objectForKey(SettingsKeys::LastDate);
     if (prefs->boolForKey(SettingsKeys::RememberDate) && isShowable(lastdate))

@@ -3,7 +3,7 @@
 
 #include "app/SingleInstance.h"
 
-#include "platform/PrivateFolder.h"
+#include "platform/StoreFile.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
@@ -105,7 +105,7 @@ bool askToRaise(int folder)
 
 SingleInstance::SingleInstance(const QString &storepath, std::function<void()> raise)
     : raisewindow(std::move(raise))
-    , folder(openPrivateFolder(QFileInfo(storepath).path()))
+    , folder(StoreFile::openFolder(QFileInfo(storepath).path()))
 {
     if (folder < 0)
         return;
@@ -138,7 +138,8 @@ bool SingleInstance::isFree() const
             return !isLockedByUs(folder);
         ::poll(nullptr, 0, interval);
     }
-    return true;
+    // One that began while a stranger held the lock listens without it.
+    return !askToRaise(folder);
 }
 
 void SingleInstance::listen()

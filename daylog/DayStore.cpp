@@ -3,6 +3,7 @@
 
 #include "app/AppDelegate.h"
 
+#include "model/FoodRecord.h"
 #include "model/StoredDay.h"
 #include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
@@ -55,12 +56,16 @@ void AppDelegate::loadDay(const QString &key)
 std::vector<AppDelegate::FoodPointer> AppDelegate::keptFoods() const
 {
     std::vector<FoodPointer> kept;
+    QList<QByteArray> records = curdatefoods; // by which an entry without a name is known
     const QVariantList copies = prefs->unreadObjectsForKey(LocalDay::key(curdate));
     for (const QVariant &copy : copies) {
         StoredDay day = StoredDay::of(copy);
         for (Food &food : day.foods) {
-            if (!holdsName(foods, food.name()) && !holdsName(kept, food.name()))
-                kept.push_back(std::make_shared<Food>(std::move(food)));
+            const QByteArray record = FoodRecord::archivedDataWithRootObject(food);
+            if (holdsName(foods, food.name()) || holdsName(kept, food.name()) || records.contains(record))
+                continue;
+            records.append(record);
+            kept.push_back(std::make_shared<Food>(std::move(food)));
         }
     }
     return kept;

@@ -45,25 +45,33 @@ UserDefaults::Joined StoredDay::joined(const QVariantList &stored, const QVarian
 {
     QVariantList entries;
     QVariantList unread;
-    QHash<QString, QByteArray> records;
+    QHash<QString, QByteArray> records; // by what they are known by
+    // An absent name equals no name, so such an entry is known by its record.
+    const auto identity
+        = [](const Food &food, const QByteArray &record) { return food.name().value_or(QString::fromLatin1(record)); };
     for (const QVariant &item : stored) {
         const std::optional<Food> food = foodOf(item);
         (food ? entries : unread).append(item);
-        if (food && food->name() && !records.contains(*food->name()))
-            records.insert(*food->name(), FoodRecord::archivedDataWithRootObject(*food));
+        if (!food)
+            continue;
+        const QByteArray record = FoodRecord::archivedDataWithRootObject(*food);
+        if (!records.contains(identity(*food, record)))
+            records.insert(identity(*food, record), record);
     }
     bool iswhole = true;
     for (const QVariant &item : mine) {
         const std::optional<Food> food = foodOf(item);
-        if (!food && !unread.contains(item))
-            unread.append(item);
-        if (!food)
+        if (!food) {
+            if (!unread.contains(item))
+                unread.append(item);
             continue;
-        const auto same = food->name() ? records.constFind(*food->name()) : records.constEnd();
+        }
+        const QByteArray record = FoodRecord::archivedDataWithRootObject(*food);
+        const auto same = records.constFind(identity(*food, record));
         if (same == records.constEnd())
             entries.append(item);
         else
-            iswhole = iswhole && *same == FoodRecord::archivedDataWithRootObject(*food);
+            iswhole = iswhole && *same == record;
     }
     return {entries + unread, iswhole};
 }

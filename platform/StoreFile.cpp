@@ -27,17 +27,17 @@ void syncFolder(const QString &folder)
     }
 }
 
-// The folder and those above it, each for its owner alone, as far as they are missing.
+// The folder and those above it, each for its owner alone, as far as they are missing. Another start may be making the
+// same ones at the same time.
 bool makeFolder(const QString &folder)
 {
     const QByteArray name = QFile::encodeName(folder);
     const QString parent = QFileInfo(folder).path();
-    if (::mkdir(name.constData(), 0700) != 0) {
-        if (errno == EEXIST)
-            return true;
-        if (errno != ENOENT || parent == folder || !makeFolder(parent) || ::mkdir(name.constData(), 0700) != 0)
-            return false;
-    }
+    int made = ::mkdir(name.constData(), 0700);
+    if (made != 0 && errno == ENOENT && parent != folder && makeFolder(parent))
+        made = ::mkdir(name.constData(), 0700);
+    if (made != 0)
+        return errno == EEXIST;
     syncFolder(parent);
     return true;
 }
@@ -72,8 +72,9 @@ bool hasStrangeJournal(const QString &path)
     const bool islink = status(path, Links::Keep, found) && S_ISLNK(found.stx_mode);
     const QString file = islink ? QFileInfo(path).canonicalFilePath() : path; // SQLite looks beside the file itself
     const QStringList parts = journals();
-    return std::any_of(parts.begin(), parts.end(),
-        [&](const QString &part) { return status(file + part, Links::Keep, found) && !S_ISREG(found.stx_mode); });
+    return !file.isEmpty() && std::any_of(parts.begin(), parts.end(), [&](const QString &part) {
+        return status(file + part, Links::Keep, found) && !S_ISREG(found.stx_mode);
+    });
 }
 
 // Leaves no more of its mode than this, which is for the owner alone.
@@ -81,6 +82,14 @@ void narrow(const QString &path, const struct statx &found, mode_t most)
 {
     if (found.stx_uid == ::geteuid() && (found.stx_mode & 0777 & ~most) != 0)
         ::chmod(QFile::encodeName(path).constData(), found.stx_mode & most);
+}
+
+void narrowFolder(const QString &path)
+{
+    struct statx found { };
+    if (QFileInfo(path).fileName() == QLatin1String("provender") && status(path, Links::Keep, found)
+        && S_ISDIR(found.stx_mode))
+        narrow(path, found, 0700);
 }
 
 // Never replaces and never copies: a copy would have another mode and take the disk's room. False where the file system
@@ -143,10 +152,29 @@ void StoreFile::makePrivate(const QString &path)
     struct statx found { };
     if (status(path, Links::Follow, found) && S_ISREG(found.stx_mode))
         narrow(path, found, 0600);
-    const QFileInfo folder(QFileInfo(path).path());
-    if (folder.fileName() == QLatin1String("provender") && status(folder.filePath(), Links::Keep, found)
-        && S_ISDIR(found.stx_mode))
-        narrow(folder.filePath(), found, 0700);
+    narrowFolder(QFileInfo(path).path());
+}
+
+int StoreFile::openFolder(const QString &path)
+{
+    const auto open
+        = [&path] { return ::open(QFile::encodeName(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC); };
+    int folder = open();
+    if (folder < 0 && errno == ENOENT && makeFolder(path))
+        folder = open();
+    if (folder >= 0)
+        narrowFolder(path);
+    return folder;
+}
+
+bool StoreFile::remove(const QString &path)
+{
+    // SQLite takes a journal without its file for a stale one; the other way round it would be played back.
+    if (!QFile::remove(path))
+        return false;
+    QFile::remove(path + QStringLiteral("-journal"));
+    syncFolder(QFileInfo(path).path());
+    return true;
 }
 
 bool StoreFile::create(const QString &path)

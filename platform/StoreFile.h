@@ -36,6 +36,14 @@ struct Look {
 // user. What links lead to is not our folder.
 void makePrivate(const QString &path);
 
+// Opens a folder, made when it is missing, with those above it, each for its owner alone. One of our own that is open
+// to others is closed to them, unless only a link leads there. The caller closes the descriptor; -1 when there is none
+// and none can be made. What was made is on the disk by then.
+[[nodiscard]] int openFolder(const QString &path);
+
+// Removes the file and its journal, for good when it returns. False when the file is still there.
+bool remove(const QString &path);
+
 // An empty file for its owner alone, with the folders that are missing, on the disk; false when that cannot be. A file
 // that is there stays as it is.
 [[nodiscard]] bool create(const QString &path);

@@ -6,7 +6,6 @@
 #include "platform/PropertyList.h"
 #include "platform/StoreFile.h"
 
-#include <QCryptographicHash>
 #include <QFile>
 
 namespace {
@@ -49,12 +48,10 @@ bool isTrue(const QVariant &value)
     }
 }
 
-QByteArray digestOf(const QByteArray &bytes)
-{
-    return QCryptographicHash::hash(bytes, QCryptographicHash::Sha1);
-}
+// Files of runs that could not save, until a start can take them in.
+constexpr int mostPendingFiles = 9;
 
-// The keys of a value in the pending file.
+// The keys of a value in one of them.
 const QString valuekey = QStringLiteral("value");
 const QString changedkey = QStringLiteral("changed");
 const QString formerkey = QStringLiteral("former");
@@ -108,7 +105,7 @@ QVariant UserDefaults::objectForKey(const QString &key) const
     form.isread = stored.answer != SqliteStore::Answer::Unavailable;
     std::optional<QVariant> value;
     if (stored.answer == SqliteStore::Answer::Found) {
-        form.digest = digestOf(stored.bytes);
+        form.bytes = stored.bytes;
         value = PropertyList::read(stored.bytes);
         form.isunderstood = value.has_value();
     }
@@ -116,6 +113,13 @@ QVariant UserDefaults::objectForKey(const QString &key) const
         joined.remove(key);
     known.insert(key, form);
     return value ? *value : registered.value(key);
+}
+
+QVariant UserDefaults::peekObjectForKey(const QString &key) const
+{
+    const auto waiting = pending.constFind(key);
+    const QByteArray bytes = waiting != pending.constEnd() ? waiting->bytes : store.read(key).bytes;
+    return PropertyList::read(bytes).value_or(registered.value(key));
 }
 
 QStringList UserDefaults::storedKeys() const
@@ -171,26 +175,22 @@ bool UserDefaults::synchronize()
         return true;
     if (intransaction)
         return false;
-    struct Written {
-        QByteArray digest;
-        QByteArray joinedwith;
+    QHash<QString, Decision> written;
+    const auto decideOnce = [&](const QString &key, const std::optional<QByteArray> &stored) {
+        // A write that fails after its commit is tried again, and finds what it wrote.
+        const auto earlier = written.constFind(key);
+        if (earlier != written.constEnd() && stored == earlier->change.value)
+            return SqliteStore::Change{*stored, {}};
+        return written.insert(key, decide(key, stored))->change;
     };
-    QHash<QString, Written> written;
-    const auto note = [&](const QString &key, const std::optional<QByteArray> &stored) {
-        bool isjoined = false;
-        SqliteStore::Change change = decide(key, stored, isjoined);
-        written.insert(
-            key, {digestOf(change.value), isjoined ? joined.value(key, stored.value_or(QByteArray())) : QByteArray()});
-        return change;
-    };
-    if (!store.write(pending.keys(), note))
+    if (!store.write(pending.keys(), decideOnce))
         return false;
     for (auto each = written.constBegin(); each != written.constEnd(); ++each) {
-        known.insert(each.key(), {true, true, each->digest});
-        if (each->joinedwith.isNull())
-            joined.remove(each.key());
+        known.insert(each.key(), {true, true, each->change.value});
+        if (each->joinedwith)
+            joined.insert(each.key(), *each->joinedwith);
         else
-            joined.insert(each.key(), each->joinedwith);
+            joined.remove(each.key());
     }
     pending.clear();
     flags.clear(); // some may have been read while the store could not be
@@ -198,25 +198,23 @@ bool UserDefaults::synchronize()
     return true;
 }
 
-SqliteStore::Change UserDefaults::decide(
-    const QString &key, const std::optional<QByteArray> &stored, bool &isjoined) const
+UserDefaults::Decision UserDefaults::decide(const QString &key, const std::optional<QByteArray> &stored) const
 {
     const QByteArray &mine = pending[key].bytes;
     if (!stored || *stored == mine)
-        return {mine, {}};
+        return {{mine, {}}, {}};
     const auto form = known.constFind(key);
     const bool isasked = form != known.constEnd();
-    const bool isknown = isasked && form->isread && form->digest == digestOf(*stored);
+    const bool isknown = isasked && form->isread && form->bytes == stored;
     const auto former = joined.constFind(key);
     if (isknown && form->isunderstood && former == joined.constEnd())
-        return {mine, {}};
+        return {{mine, {}}, {}};
     if (isasked && form->isunderstood) {
-        const std::optional<SqliteStore::Change> change = joinWith(key, isknown ? *former : *stored);
-        isjoined = change.has_value();
-        if (change)
-            return *change;
+        const QByteArray other = isknown ? *former : *stored;
+        if (const std::optional<SqliteStore::Change> change = joinWith(key, other))
+            return {*change, other};
     }
-    return {mine, {*stored}};
+    return {{mine, {*stored}}, {}};
 }
 
 std::optional<SqliteStore::Change> UserDefaults::joinWith(const QString &key, const QByteArray &stored) const
@@ -233,72 +231,98 @@ std::optional<SqliteStore::Change> UserDefaults::joinWith(const QString &key, co
     return SqliteStore::Change{*bytes, both->whole ? QList<QByteArray>() : QList<QByteArray>{mine.bytes}};
 }
 
+QString UserDefaults::pendingPath(int number) const
+{
+    const QString path = storepath + QStringLiteral(".pending");
+    return number == 1 ? path : path + u'-' + QString::number(number);
+}
+
 bool UserDefaults::leavePending()
 {
     if (pending.isEmpty() || isleft)
         return true;
-    const auto record = [this](const QString &key, const std::optional<QByteArray> &stored) {
+    // One that is there and is not this run's was left by an earlier run and could not be taken in.
+    const bool isnew = pendingfile.isEmpty();
+    for (int number = 1; number <= mostPendingFiles && pendingfile.isEmpty(); ++number) {
+        if (!QFile::exists(pendingPath(number)))
+            pendingfile = pendingPath(number);
+    }
+    if (pendingfile.isEmpty())
+        return false;
+    const auto record = [this](const QString &key, const std::optional<QByteArray> &) {
         const Waiting &mine = pending[key];
         QVariantMap entry{{valuekey, mine.bytes}};
         if (mine.changed.isValid())
             entry.insert(changedkey, mine.changed);
         const Known form = known.value(key);
         if (form.isread && form.isunderstood && !joined.contains(key))
-            entry.insert(formerkey, form.digest);
-        // What an earlier run left, and this one could not take in, stays.
-        const bool isours = !stored || haspendingfile;
-        return SqliteStore::Change{
-            PropertyList::write(entry).value(), isours ? QList<QByteArray>() : QList<QByteArray>{*stored}};
+            entry.insert(formerkey, form.bytes.value_or(QByteArray()));
+        return SqliteStore::Change{PropertyList::write(entry).value(), {}};
     };
-    SqliteStore file(pendingPath());
-    isleft = file.write(pending.keys(), record);
-    haspendingfile = haspendingfile || isleft;
+    isleft = SqliteStore(pendingfile).write(pending.keys(), record);
+    if (!isleft && isnew) {
+        StoreFile::remove(pendingfile); // it holds nothing
+        pendingfile.clear();
+    }
     return isleft;
 }
 
 void UserDefaults::takeInPending()
 {
-    if (!QFile::exists(pendingPath()))
-        return;
-    {
-        SqliteStore file(pendingPath());
-        const std::optional<QStringList> keys = file.keys();
-        if (!keys)
-            return;
-        bool iswhole = true;
-        for (const QString &key : *keys)
-            iswhole = takeIn(key, file.read(key).bytes) && iswhole;
-        if (!iswhole)
-            file.setAside(); // what was understood is this run's now
+    // One after the other, for a later one may hold other values of the same keys.
+    for (int number = 1; number <= mostPendingFiles && pending.isEmpty(); ++number) {
+        if (!QFile::exists(pendingPath(number)))
+            continue;
+        const bool iswhole = takeIn(pendingPath(number));
+        flags.clear();
+        if (iswhole && pending.isEmpty() && !pendingfile.isEmpty())
+            removePendingFile();
+        if (!synchronize() && pendingfile.isEmpty())
+            leavePending();
     }
-    haspendingfile = QFile::exists(pendingPath());
-    flags.clear();
-    if (pending.isEmpty())
-        removePendingFile();
-    synchronize();
 }
 
-bool UserDefaults::takeIn(const QString &key, const QByteArray &record)
+// False when the file could not be read, and stays for another start, or was not understood, and is set aside.
+bool UserDefaults::takeIn(const QString &path)
 {
-    const QVariantMap entry = PropertyList::read(record).value_or(QVariant()).toMap();
-    const QByteArray bytes = entry.value(valuekey).toByteArray();
-    if (!PropertyList::read(bytes))
+    SqliteStore file(path);
+    const std::optional<QStringList> keys = file.keys();
+    if (!keys)
         return false;
-    pending.insert(key, {bytes, entry.value(changedkey)});
-    const QVariant former = entry.value(formerkey);
-    known.insert(key, {former.isValid(), true, former.toByteArray()});
-    return true;
+    QMap<QString, Waiting> values;
+    QHash<QString, Known> forms;
+    bool iswhole = true;
+    for (const QString &key : *keys) {
+        const SqliteStore::Value record = file.read(key);
+        if (record.answer == SqliteStore::Answer::Unavailable)
+            return false;
+        const QVariantMap entry = PropertyList::read(record.bytes).value_or(QVariant()).toMap();
+        const QByteArray bytes = entry.value(valuekey).toByteArray();
+        if (!PropertyList::read(bytes)) {
+            iswhole = false;
+            continue;
+        }
+        values.insert(key, {bytes, entry.value(changedkey)});
+        const QVariant former = entry.value(formerkey);
+        const QByteArray formerbytes = former.toByteArray();
+        forms.insert(key,
+            {former.isValid(), true, formerbytes.isEmpty() ? std::nullopt : std::optional<QByteArray>(formerbytes)});
+    }
+    pending = values;
+    known.insert(forms);
+    if (iswhole && QFile::exists(path))
+        pendingfile = path;
+    else
+        file.setAside();
+    return iswhole;
 }
 
 // Once everything in it is in the store. A file that cannot be removed is taken in again, which adds nothing to what
 // was joined and replaces only what did not change since.
 void UserDefaults::removePendingFile()
 {
-    if (!haspendingfile)
-        return;
-    haspendingfile = !QFile::remove(pendingPath());
-    if (!haspendingfile)
-        QFile::remove(pendingPath() + QStringLiteral("-journal")); // it would be played back into the next one
+    if (!pendingfile.isEmpty() && StoreFile::remove(pendingfile))
+        pendingfile.clear();
 }
 
 UserDefaults::Transaction::Transaction(UserDefaults &userDefaults)

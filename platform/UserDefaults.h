@@ -53,7 +53,8 @@ public:
     // be read.
     [[nodiscard]] QStringList storedKeys() const;
 
-    // The pending or stored value, else the registered one, else an invalid variant.
+    // The pending or stored value, else the registered one, else an invalid variant. Who asks takes the value in: it is
+    // replaced without a copy when the key is next written.
     [[nodiscard]] QVariant objectForKey(const QString &key) const;
 
     // A boolean as it is, a number whether it is not 0, a text whether Y, y, T, t or a digit 1 to 9 comes first behind
@@ -75,6 +76,12 @@ public:
         const QString &key, const QVariant &stored, const QVariant &mine, const QVariant &changed)>;
     void setJoin(Join function) { join = std::move(function); }
 
+    // What objectForKey() answers, for whoever only looks: the key counts as read by this run, or not, as before.
+    [[nodiscard]] QVariant peekObjectForKey(const QString &key) const;
+
+    // What setObject() was told of the change of the value that is pending; invalid when none is.
+    [[nodiscard]] QVariant changedForKey(const QString &key) const { return pending.value(key).changed; }
+
     // The copies kept of a key's values, oldest first; those that are no value are left out.
     [[nodiscard]] QVariantList unreadObjectsForKey(const QString &key) const;
 
@@ -86,7 +93,8 @@ public:
     bool synchronize();
 
     // Leaves what is pending in the file beside the store, all of it or nothing; true when there is nothing to be left
-    // or it is on the disk. The file goes when all of it has reached the store.
+    // or it is on the disk. The file goes when all of it has reached the store. Where one is that this run could not
+    // take in, it stays, and another one is begun, "<store>.pending-2" and so on.
     bool leavePending();
     // Takes in what an earlier run left there, as if this run had set it. A value whose stored form that run had read
     // replaces it if the store still holds that form; any other counts as one that could not be read.
@@ -122,14 +130,19 @@ private:
     struct Known {
         bool isread = false; // false: nobody could tell
         bool isunderstood = true;
-        QByteArray digest; // of the stored bytes; null when nothing was stored
+        std::optional<QByteArray> bytes; // as stored; shared with whoever read them
     };
 
-    [[nodiscard]] SqliteStore::Change decide(
-        const QString &key, const std::optional<QByteArray> &stored, bool &isjoined) const;
+    // What becomes of a key, and the stored bytes that its value was joined with.
+    struct Decision {
+        SqliteStore::Change change;
+        std::optional<QByteArray> joinedwith;
+    };
+
+    [[nodiscard]] Decision decide(const QString &key, const std::optional<QByteArray> &stored) const;
     [[nodiscard]] std::optional<SqliteStore::Change> joinWith(const QString &key, const QByteArray &stored) const;
-    [[nodiscard]] QString pendingPath() const { return storepath + QStringLiteral(".pending"); }
-    bool takeIn(const QString &key, const QByteArray &record);
+    [[nodiscard]] QString pendingPath(int number) const;
+    bool takeIn(const QString &path);
     void removePendingFile();
 
     QString storepath;
@@ -141,6 +154,6 @@ private:
     Join join;
     mutable QHash<QString, bool> flags; // those that were read or set in this run
     bool intransaction = false;
-    bool haspendingfile = false;
-    bool isleft = false; // what is pending is in that file
+    QString pendingfile; // what this run took in or left, and is to be removed; empty when there is none
+    bool isleft = false; // all that is pending is in that file
 };

@@ -19,6 +19,8 @@ private:
 
     [[nodiscard]] QString pendingPath() const { return log->storePath() + QStringLiteral(".pending"); }
 
+    [[nodiscard]] QString secondPendingPath() const { return pendingPath() + QStringLiteral("-2"); }
+
     // Today holds "A 30, B 40". A run removes A and adds "C 50", sets the allowance of carbs and another setting, and
     // cannot save.
     void leave(LockedStore::Lock lock, bool afterreading)
@@ -160,7 +162,25 @@ private slots:
         QVERIFY(QFile::exists(pendingPath() + QStringLiteral(".unusable")));
     }
 
-    void aFileThatCannotBeReadNowKeepsItsValuesWhenMoreIsLeft()
+    void anAllowanceSurvivesTwoRunsThatCouldSaveNothing()
+    {
+        leave(LockedStore::Exclusive, false);
+        {
+            const LockedStore locked(log->storePath(), LockedStore::Exclusive);
+            Run run(log->home);
+            run.launch();
+            QCOMPARE(run.controller.rdas[1], 250.0F);
+            log->setRDA(run, 2, "40");
+            QVERIFY(run.terminate());
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.controller.rdas[1], 250.0F);
+        QCOMPARE(run.controller.rdas[2], 40.0F);
+    }
+
+    // A run that cannot read what another left, and can save nothing either.
+    void aFileThatCannotBeReadNowIsLeftForAnotherStart()
     {
         leave(LockedStore::Shared, true);
         {
@@ -168,10 +188,41 @@ private slots:
             Run run(log->home);
             run.launch();
             QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+            log->enter(run, QStringLiteral("D 60"));
+            {
+                const LockedStore locked(log->storePath(), LockedStore::Shared);
+                QVERIFY(run.terminate()); // the session's manager asks, and the run goes on
+            }
+            QVERIFY(QFile::exists(secondPendingPath()));
+            QVERIFY(run.terminate());
+            QVERIFY(!QFile::exists(secondPendingPath()));
+            QVERIFY(QFile::exists(pendingPath()));
         }
         Run run(log->home);
         run.launch();
-        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+        QCOMPARE(run.names(),
+            (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("D"), QStringLiteral("C")}));
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
+    void twoFilesAreTakenInOneAfterTheOther()
+    {
+        leave(LockedStore::Shared, true);
+        {
+            const LockedStore pending(pendingPath(), LockedStore::Exclusive);
+            const LockedStore locked(log->storePath(), LockedStore::Shared);
+            Run run(log->home);
+            run.launch();
+            log->enter(run, QStringLiteral("D 60"));
+            QVERIFY(run.terminate());
+        }
+        QVERIFY(QFile::exists(secondPendingPath()));
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(),
+            (QStringList{QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("A"), QStringLiteral("D")}));
+        QVERIFY(!QFile::exists(pendingPath()));
+        QVERIFY(!QFile::exists(secondPendingPath()));
     }
 
     void nothingIsLeftWhereNothingCanBeWritten()
@@ -181,7 +232,11 @@ private slots:
         run.launch();
         const LockedStore locked(log->storePath(), LockedStore::Shared);
         QVERIFY(QDir().mkdir(pendingPath()));
+        for (int number = 2; number <= 9; ++number)
+            QVERIFY(QDir().mkdir(pendingPath() + u'-' + QString::number(number)));
         QVERIFY(!run.terminate());
+        for (int number = 2; number <= 9; ++number)
+            QVERIFY(QDir().rmdir(pendingPath() + u'-' + QString::number(number)));
         QVERIFY(QDir().rmdir(pendingPath()));
     }
 };

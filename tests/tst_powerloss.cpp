@@ -356,13 +356,18 @@ private slots:
     {
         QTest::addColumn<bool>("istakenin"); // the fault comes while the file is taken in, not while it is left
         QTest::addColumn<int>("fault");
+        QTest::addColumn<int>("count");
         QTest::addColumn<int>("survivors");
         for (const bool istakenin : {false, true}) {
-            const char *when = istakenin ? "taken in" : "left";
-            QTest::addRow("%s, a kill", when) << istakenin << int(Fault::PowerCut) << int(Survivors::All);
-            QTest::addRow("%s, the power fails", when) << istakenin << int(Fault::PowerCut) << int(Survivors::Some);
-            QTest::addRow("%s, the disk is full", when) << istakenin << int(Fault::DiskFull) << int(Survivors::All);
-            QTest::addRow("%s, an error", when) << istakenin << int(Fault::InputOutput) << int(Survivors::All);
+            const auto row = [istakenin](const char *what, Fault fault, Count count, Survivors survivors) {
+                QTest::addRow("%s, %s", istakenin ? "taken in" : "left", what)
+                    << istakenin << int(fault) << int(count) << int(survivors);
+            };
+            row("a kill", Fault::PowerCut, Count::Writing, Survivors::All);
+            row("the power fails", Fault::PowerCut, Count::Writing, Survivors::Some);
+            row("the disk is full", Fault::DiskFull, Count::Writing, Survivors::All);
+            row("a write fails", Fault::InputOutput, Count::Writing, Survivors::All);
+            row("a read or a write fails", Fault::InputOutput, Count::Everything, Survivors::All);
         }
     }
 
@@ -370,6 +375,7 @@ private slots:
     {
         QFETCH(bool, istakenin);
         QFETCH(int, fault);
+        QFETCH(int, count);
         QFETCH(int, survivors);
         bool isfinished = false;
         int hits = 0;
@@ -384,7 +390,7 @@ private slots:
                 UserDefaults defaults(path);
                 QVERIFY(!save(defaults, Contents::numbered(2)));
                 if (!istakenin)
-                    disk.arm(Fault(fault), operation, true);
+                    disk.arm(Fault(fault), operation, true, Count(count));
                 isleft = defaults.leavePending();
                 if (!istakenin)
                     isfinished = !disk.hasStruck();
@@ -396,7 +402,7 @@ private slots:
             if (istakenin) {
                 {
                     UserDefaults defaults(path);
-                    disk.arm(Fault(fault), operation, true);
+                    disk.arm(Fault(fault), operation, true, Count(count));
                     defaults.takeInPending();
                     isfinished = !disk.hasStruck();
                 }

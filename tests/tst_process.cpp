@@ -135,6 +135,19 @@ private:
     }
 
 private slots:
+    void theExitStatusSaysThatNothingCouldBeSavedOrLeft()
+    {
+        Program run(program, *home, server.get());
+        QVERIFY(run.startShown());
+        StoreView reader(home->storePath());
+        QVERIFY(reader.run("BEGIN; SELECT count(*) FROM defaults"));
+        const QDir folder = QFileInfo(home->storePath()).dir();
+        for (const char *name : {"", "-2", "-3", "-4", "-5", "-6", "-7", "-8", "-9"})
+            QVERIFY(folder.mkdir(QStringLiteral("preferences.sqlite.pending") + QLatin1String(name)));
+        run.signal(SIGTERM);
+        QCOMPARE(run.waitForEnd(), 1);
+    }
+
     void whatCannotBeSavedAtTheEndIsLeftBesideTheStore()
     {
         Program run(program, *home, server.get());

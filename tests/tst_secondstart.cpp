@@ -286,7 +286,7 @@ private slots:
         ::chmod(qPrintable(home->path()), 0755);
         ::chmod(qPrintable(folder()), 0777);
         const QByteArray name = folder().toLocal8Bit();
-        const Stranger stranger([&] {
+        std::optional<Stranger> stranger(std::in_place, [&] {
             const int handle = openFolder(name);
             const pid_t taker = leaves ? ::fork() : 0;
             const bool islocked = taker != 0 || !locks || ::flock(handle, LOCK_EX | LOCK_NB) == 0;
@@ -299,16 +299,20 @@ private slots:
             return islocked && listener >= 0 && (backlog < 0 || ::listen(listener, backlog) == 0)
                 && (backlog != 0 || connectTo(name) >= 0);
         });
-        QVERIFY(stranger.succeeded);
+        QVERIFY(stranger->succeeded);
         Program first(program, *home);
         first.start();
         QVERIFY(QTest::qWaitFor([&first] { return first.hearsSignals(); }, 20000));
         struct stat status = {};
         QCOMPARE(::stat(name.constData(), &status), 0);
         QCOMPARE(status.st_mode & 07777, 0700U);
-        Program second(program, *home);
-        second.start();
-        QCOMPARE(second.waitForEnd(), 0);
+        for (const bool isgone : {false, true}) {
+            if (isgone)
+                stranger.reset(); // and the lock with it
+            Program second(program, *home);
+            second.start();
+            QCOMPARE(second.waitForEnd(), 0);
+        }
         QVERIFY(works(first));
         QVERIFY(home->storeBytes().size() > 0);
     }

@@ -232,7 +232,7 @@ private slots:
     void anotherZonesDayThatWasNotReadIsKeptInACopy_data()
     {
         QTest::addColumn<bool>("isread");
-        QTest::newRow("not read in this run") << false;
+        QTest::newRow("only looked at in this run") << false;
         QTest::newRow("read in this run") << true;
     }
 
@@ -254,6 +254,7 @@ private slots:
                 run.controller.nextDay();
             }
             log->enter(run, QStringLiteral("B 40"));
+            QCOMPARE(EnteredLog::entriesOf(run.store.peekObjectForKey(dayhere)), QStringLiteral("A 30"));
             const TimeZone honolulu("Pacific/Honolulu");
             run.controller.nextDay();
         }

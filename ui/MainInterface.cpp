@@ -63,6 +63,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     main->splitter->setStretchFactor(0, 3);
     main->splitter->setStretchFactor(1, 2);
     connectFields();
+    AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
