@@ -159,6 +159,7 @@ Turns::Pair leaveDay(int days)
     const auto leave = [&](std::size_t turn) {
         const int day = 31 * int(turn) % days;
         const QVariantList log = dayLog(day, nextTurn());
+        static_cast<void>(defaults.objectForKey(dayKey(day))); // a day that was not opened would be copied first
         return Turns::milliseconds([&] { defaults.setObject(log, dayKey(day)); });
     };
     const auto commit = [&](std::size_t turn) {
