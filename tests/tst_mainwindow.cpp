@@ -244,6 +244,28 @@ private slots:
         QTest::keyRelease(table(), Qt::Key_Up);
     }
 
+    void aHeldKeyThatNobodySawPressedRepeatsInATextField_data()
+    {
+        QTest::addColumn<Qt::Key>("key"); // whose press an input method took
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("text"); // that the field has then
+        const QString typed = QStringLiteral("700");
+        QTest::newRow("Backspace") << Qt::Key_Backspace << Qt::KeyboardModifiers() << QStringLiteral("70");
+        QTest::newRow("a key that ends things") << Qt::Key_Escape << Qt::KeyboardModifiers() << typed;
+        QTest::newRow("a command's key") << Qt::Key_T << Qt::KeyboardModifiers(Qt::ControlModifier) << typed;
+    }
+
+    void aHeldKeyThatNobodySawPressedRepeatsInATextField()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        run->add({A});
+        type(0, QStringLiteral("700"));
+        hold(key, modifiers);
+        QVERIFY(editor());
+        QTEST(editor()->text(), "text");
+    }
+
     void closingTheWindowEndsAnOpenEditor()
     {
         run->add({A});
