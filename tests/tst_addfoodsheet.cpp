@@ -68,8 +68,7 @@ private slots:
     {
         QFETCH(int, way);
         open();
-        QInputMethodEvent composing(QStringLiteral("apricots raw"), {});
-        QCoreApplication::sendEvent(field(), &composing);
+        compose("apricots raw");
         if (way == 1)
             QTest::mouseClick(find<QPushButton>("addbutton"), Qt::LeftButton);
         else
@@ -78,6 +77,55 @@ private slots:
             QCOMPARE(kept(), QStringList{apricots});
         else
             QCOMPARE(added, QList<QStringList>{{apricots}});
+    }
+
+    void whatIsChosenInTheListWhileComposingIsAdded_data()
+    {
+        QTest::addColumn<bool>("bymouse"); // in the list as it is shown; a key goes on from what is searched for
+        QTest::addColumn<QString>("first");
+        QTest::newRow("by the mouse") << true << QStringLiteral("Acerola");
+        QTest::newRow("by an arrow key") << false << QStringLiteral("Apricots");
+    }
+
+    void whatIsChosenInTheListWhileComposingIsAdded()
+    {
+        QFETCH(bool, bymouse);
+        QFETCH(QString, first);
+        open();
+        compose("apricots");
+        if (bymouse)
+            QTest::mouseClick(list()->viewport(), Qt::LeftButton, {}, placeOf(1));
+        else
+            press(Qt::Key_Down);
+        QCOMPARE(list()->currentIndex().row(), 1);
+        const QString chosen = current();
+        QVERIFY(chosen.startsWith(first));
+        if (bymouse)
+            QTest::mouseClick(find<QPushButton>("addbutton"), Qt::LeftButton);
+        else
+            press(Qt::Key_Return);
+        QCOMPARE(added, QList<QStringList>{{chosen}});
+    }
+
+    void whatWasBeingComposedIsForgottenWithTheSheet_data()
+    {
+        QTest::addColumn<bool>("bykey");
+        QTest::newRow("by Esc") << true;
+        QTest::newRow("by Cancel") << false;
+    }
+
+    void whatWasBeingComposedIsForgottenWithTheSheet()
+    {
+        QFETCH(bool, bykey);
+        open();
+        compose("apricots raw");
+        if (bykey)
+            press(Qt::Key_Escape);
+        else
+            QTest::mouseClick(find<QPushButton>("cancelbutton"), Qt::LeftButton);
+        open();
+        press(Qt::Key_Return);
+        QCOMPARE(added, QList<QStringList>({{}, {}}));
     }
 
     void theEnterOfTheNumberPadIsEnterToo()
@@ -407,6 +455,14 @@ private slots:
         type("banana");
         sheet->open();
         QCOMPARE(field()->text(), QStringLiteral("banana"));
+    }
+
+private:
+    // As an input method does that does not answer when it is to commit.
+    void compose(const char *text)
+    {
+        QInputMethodEvent composing(QLatin1String(text), {});
+        QCoreApplication::sendEvent(field(), &composing);
     }
 };
 

@@ -6,11 +6,13 @@
 #include "ui/controls/DatePicker.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 
+#include <QAbstractEventDispatcher>
 #include <QAction>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
 #include <QToolButton>
@@ -244,6 +246,28 @@ private slots:
         QTest::keyRelease(table(), Qt::Key_Up);
     }
 
+    void aHeldKeyThatNobodySawPressedRepeatsInATextField_data()
+    {
+        QTest::addColumn<Qt::Key>("key"); // whose press an input method took
+        QTest::addColumn<Qt::KeyboardModifiers>("modifiers");
+        QTest::addColumn<QString>("text"); // that the field has then
+        const QString typed = QStringLiteral("700");
+        QTest::newRow("Backspace") << Qt::Key_Backspace << Qt::KeyboardModifiers() << QStringLiteral("70");
+        QTest::newRow("a key that ends things") << Qt::Key_Escape << Qt::KeyboardModifiers() << typed;
+        QTest::newRow("a command's key") << Qt::Key_T << Qt::KeyboardModifiers(Qt::ControlModifier) << typed;
+    }
+
+    void aHeldKeyThatNobodySawPressedRepeatsInATextField()
+    {
+        QFETCH(Qt::Key, key);
+        QFETCH(Qt::KeyboardModifiers, modifiers);
+        run->add({A});
+        type(0, QStringLiteral("700"));
+        hold(key, modifiers);
+        QVERIFY(editor());
+        QTEST(editor()->text(), "text");
+    }
+
     void closingTheWindowEndsAnOpenEditor()
     {
         run->add({A});
@@ -296,17 +320,82 @@ private slots:
         QTEST(LocalDay::dateOf(run->controller.curdate).toString(Qt::ISODate), "day");
     }
 
+    void aDateTypedButNotEnteredIsDroppedOnTheWayToACommand_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("day");
+        const auto row = [](const char *way, const char *day) {
+            QTest::newRow(way) << QString::fromLatin1(way) << QString::fromLatin1(day);
+        };
+        row("previousdaybutton", "2026-11-20");
+        row("nextdaybutton", "2026-11-22");
+        row("todaybutton", "2026-11-21");
+        row("the menu by the mouse", "2026-11-20");
+        row("the menu by its key", "2026-11-20");
+    }
+
+    void aDateTypedButNotEnteredIsDroppedOnTheWayToACommand()
+    {
+        QFETCH(QString, way);
+        typeYear();
+        if (way.endsWith(QStringLiteral("button"))) {
+            click(way.toLatin1());
+        } else {
+            auto *menu = openMenu("daymenu", way.endsWith(QStringLiteral("key")));
+            QVERIFY(menu->isVisible());
+            auto *action = window()->findChild<QAction *>(QStringLiteral("actionpreviousday"));
+            QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(action).center());
+        }
+        QTEST(run->controller.datepicker->text(), "day");
+        QTEST(LocalDay::dateOf(run->controller.curdate).toString(Qt::ISODate), "day");
+        QVERIFY(!run->store.objectForKey(QStringLiteral("2025_11_21")).isValid());
+    }
+
+    void aDateTypedButNotEnteredWaitsWhileAnotherWindowHasTheKeyboard()
+    {
+        typeYear();
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
+        window()->activateWindow();
+        QTRY_VERIFY(run->controller.datepicker->hasFocus());
+        QTest::keyClick(run->controller.datepicker, Qt::Key_Return);
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2025_11_21"));
+    }
+
+    void anArrowKeyHeldInTheDateStopsWhenAnotherWindowTakesTheKeyboard()
+    {
+        DatePicker *picker = run->controller.datepicker;
+        picker->setFocus();
+        QTest::keyPress(picker, Qt::Key_Up);
+        hold(Qt::Key_Up, {});
+        const auto steps = [picker] { return QAbstractEventDispatcher::instance()->registeredTimers(picker).size(); };
+        QVERIFY(steps() > 0);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QCOMPARE(steps(), 0);
+    }
+
     void aDateTypedButNotEnteredIsDroppedAtTheEnd_data()
     {
         QTest::addColumn<bool>("closes");
-        QTest::newRow("by closing the window") << true;
-        QTest::newRow("by the session's save, after which the program may stay") << false;
+        QTest::addColumn<bool>("inmenu"); // which is open meanwhile
+        QTest::newRow("by closing the window") << true << false;
+        QTest::newRow("by closing the window while a menu is open") << true << true;
+        QTest::newRow("by the session's save, after which the program may stay") << false << false;
     }
 
     void aDateTypedButNotEnteredIsDroppedAtTheEnd()
     {
         QFETCH(bool, closes);
+        QFETCH(bool, inmenu);
         typeYear();
+        if (inmenu)
+            QVERIFY(openMenu("filemenu", false)->isVisible());
         if (closes)
             window()->close();
         else
@@ -315,6 +404,13 @@ private slots:
         run->terminate();
         QCOMPARE(run->store.objectForKey(QStringLiteral("LastDate")).toDateTime(), home->now);
         QVERIFY(!run->store.objectForKey(QStringLiteral("2025_11_21")).isValid());
+    }
+
+    void aWindowThatGoesEntersNoDate()
+    {
+        typeYear();
+        run->interface.reset();
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_21"));
     }
 
     void commandsActOnTheLogFromAnywhereInTheWindow_data()
@@ -476,6 +572,16 @@ private:
     void click(const char *name)
     {
         QTest::mouseClick(window()->findChild<QWidget *>(QString::fromLatin1(name)), Qt::LeftButton);
+    }
+    QMenu *openMenu(const char *name, bool bykey)
+    {
+        auto *menu = window()->findChild<QMenu *>(QString::fromLatin1(name));
+        if (bykey) // that is underlined in its title
+            QTest::keyClick(QApplication::focusWidget(), menu->title().at(1).toLower().toLatin1(), Qt::AltModifier);
+        else
+            QTest::mouseClick(window()->menuBar(), Qt::LeftButton, {},
+                window()->menuBar()->actionGeometry(menu->menuAction()).center());
+        return menu;
     }
     // Types a year into the date field and leaves it there.
     void typeYear()

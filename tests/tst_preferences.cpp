@@ -110,16 +110,26 @@ private slots:
     void whatIsStillBeingComposedIsSet()
     {
         QFETCH(bool, bykey);
-        run->controller.rdainput->setFocus();
         run->controller.rdainput->selectAll();
-        QInputMethodEvent composing(QStringLiteral("25"), {});
-        QCoreApplication::sendEvent(run->controller.rdainput, &composing);
+        compose(QStringLiteral("25"));
         if (bykey)
             QTest::keyClick(run->controller.rdainput, Qt::Key_Return);
         else
             click("setbutton");
         QCOMPARE(run->controller.rdas[0], 25.0F);
         QCOMPARE(run->controller.rdainput->text(), QStringLiteral("25.00"));
+    }
+
+    void whatWasBeingComposedIsOfItsNutrientAlone()
+    {
+        run->controller.rdas[0] = run->controller.rdas[1] = 0.0F;
+        run->controller.RDAtick();
+        compose(QStringLiteral("9"));
+        run->controller.rdamenu->setFocus();
+        QTest::keyClick(run->controller.rdamenu, Qt::Key_Down);
+        QCOMPARE(run->controller.rdamenu->currentIndex(), 1);
+        click("setbutton");
+        QCOMPARE(run->controller.rdas[1], 0.0F);
     }
 
     void returnHeldSetsOnce()
@@ -301,6 +311,12 @@ private:
         run->controller.rdainput->selectAll();
         QTest::keyClick(run->controller.rdainput, Qt::Key_Delete);
         QTest::keyClicks(run->controller.rdainput, text);
+    }
+    void compose(const QString &text)
+    {
+        run->controller.rdainput->setFocus();
+        QInputMethodEvent composing(text, {});
+        QCoreApplication::sendEvent(run->controller.rdainput, &composing);
     }
     // Turned towards the person, by the window system as it were: only such a turn may move the focus.
     static void wheel(QWidget *widget)

@@ -236,6 +236,17 @@ private slots:
         QCOMPARE(editor(), qApp->focusWidget());
     }
 
+    void whatIsBeingComposedIsGoneWhenTheCursorLeavesIt()
+    {
+        makeCurrent(2, amount);
+        press(Qt::Key_F2);
+        type("7");
+        compose(QStringLiteral("25"));
+        press(Qt::Key_Home); // Qt takes it out of sight
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = 7")});
+    }
+
     void escapeDropsWhatIsBeingComposed()
     {
         makeCurrent(2, amount);

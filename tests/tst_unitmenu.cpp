@@ -27,7 +27,8 @@ class UnitMenuTest final : public LogTableTest {
 
     static void mouse(QEvent::Type type, QWidget *widget, QPoint place, int milliseconds)
     {
-        QMouseEvent event(type, place, widget->mapToGlobal(place), Qt::LeftButton,
+        QMouseEvent event(type, place, widget->mapToGlobal(place),
+            type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
             type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton, {});
         event.setTimestamp(quint64(milliseconds));
         QCoreApplication::sendEvent(widget, &event);
@@ -104,6 +105,45 @@ private slots:
         mouse(QEvent::MouseButtonRelease, menu, other, opened + later);
         QCOMPARE(source.notes, chooses ? QStringList{QStringLiteral("unit 2 = 0 g")} : none());
         QCOMPARE(openMenuOf(*table) == nullptr, chooses);
+    }
+
+    void aLateReleaseChoosesOnlyAfterADrag_data()
+    {
+        QTest::addColumn<bool>("again"); // pressed within the interval
+        QTest::addColumn<bool>("isdragged"); // or the hand trembles
+        QTest::newRow("of a double click") << true << false;
+        QTest::newRow("of one slow click") << false << false;
+        QTest::newRow("dragged to another item") << false << true;
+        QTest::newRow("of a double click, dragged to another item") << true << true;
+    }
+
+    void aLateReleaseChoosesOnlyAfterADrag()
+    {
+        QFETCH(bool, again);
+        QFETCH(bool, isdragged);
+        constexpr int opened = 50000;
+        const int late = opened + QApplication::doubleClickInterval() + 40;
+        const QPoint cell = middleOf(*table, 2, unit);
+        mouse(QEvent::MouseButtonPress, table->viewport(), cell, opened);
+        QMenu *menu = openMenuOf(*table);
+        QVERIFY(menu != nullptr);
+        const QPoint pressed = menu->mapFromGlobal(table->viewport()->mapToGlobal(cell));
+        if (again)
+            mouse(QEvent::MouseButtonPress, menu, pressed, opened + 300);
+        const QPoint place = isdragged ? menu->actionGeometry(menu->actions().at(0)).center() : pressed;
+        for (int i = 0; i < 8; ++i) // from when on Qt takes it for a motion
+            mouse(QEvent::MouseMove, menu, place + QPoint(i % 2, 0), late);
+        mouse(QEvent::MouseButtonRelease, menu, place, late);
+        QCOMPARE(source.notes, isdragged ? QStringList{QStringLiteral("unit 2 = 0 g")} : none());
+    }
+
+    void aQuickPressOutsideClosesTheMenu()
+    {
+        mouse(QEvent::MouseButtonPress, table->viewport(), middleOf(*table, 2, unit), 50000);
+        QVERIFY(openMenuOf(*table) != nullptr);
+        mouse(QEvent::MouseButtonPress, openMenuOf(*table), QPoint(-20, -20), 50100);
+        QVERIFY(openMenuOf(*table) == nullptr);
+        QCOMPARE(source.notes, none());
     }
 
     void aMenuOpenedByAKeyTakesAPressAtOnce()

@@ -5,6 +5,7 @@
 #include "support/LockedStore.h"
 
 #include "platform/PropertyList.h"
+#include "ui/controls/DatePicker.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -296,6 +297,10 @@ private slots:
         QTest::keyClick(window, Qt::Key_C, Qt::ControlModifier);
         QCOMPARE(text->text(), QStringLiteral("1 entry was kept from a save that could not be read."));
 
+        // A date typed but not entered is not where the entries go.
+        run.controller.datepicker->setFocus();
+        run.controller.datepicker->setSelectedSection(QDateTimeEdit::YearSection);
+        QTest::keyClicks(run.controller.datepicker, QStringLiteral("2025"));
         run.controller.events.clear();
         QTest::mouseClick(button, Qt::LeftButton);
         QVERIFY(!text->isVisible());

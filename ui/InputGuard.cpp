@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 
 namespace {
 
@@ -18,6 +19,12 @@ quint32 identityOf(const QKeyEvent &event)
 bool endsThings(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter || event.key() == Qt::Key_Escape;
+}
+
+bool editsText(const QWidget &receiver, const QKeyEvent &event)
+{
+    const auto commands = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return commands == Qt::NoModifier && qobject_cast<const QLineEdit *>(&receiver) != nullptr;
 }
 
 } // namespace
@@ -53,7 +60,8 @@ bool InputGuard::keyPressed(QWidget &receiver, QKeyEvent &event)
     const quint32 key = identityOf(event);
     const QWidget *window = receiver.window();
     if (event.isAutoRepeat()) {
-        const bool stops = pressed.value(key) != window || endsThings(event);
+        const bool passes = pressed.contains(key) ? pressed.value(key) == window : editsText(receiver, event);
+        const bool stops = !passes || endsThings(event);
         if (stops)
             event.accept();
         return stops;

@@ -11,7 +11,8 @@ class QWidget;
 
 // Keeps two slips of the hand from changing anything, wherever they are made: the wheel turned over a box that does not
 // have the focus, and a key held on after it has done its work. A held key repeats in the window where it was pressed
-// and in no other, and Return and Esc, which end things, do not repeat at all.
+// and in no other, and Return and Esc, which end things, do not repeat at all. Where nobody saw a key pressed, as when
+// an input method took the press, it repeats in a text field alone and is no command.
 //
 // One filter of the whole program, since what a key did may have closed the window that it was pressed in. Qt does not
 // always see that X11 repeats a key, and gives it as let go and pressed at the same moment: such a press is given on as

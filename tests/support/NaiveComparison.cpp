@@ -129,7 +129,7 @@ QString differenceOfMenus(Run &run, Naive::Log &naive)
     return {};
 }
 
-// Each nutrient's bar as it would be painted now.
+// The bar that each nutrient would have if its table were reloaded now.
 QString differenceOfBars(TestedAppDelegate &log, const Naive::Log &naive)
 {
     TextFieldCellRDA bar;
@@ -154,12 +154,17 @@ QString differenceOfTables(const TestedAppDelegate &log, Naive::Log &naive)
     for (std::size_t row = 0; row < naive.shownlog.size(); ++row) {
         const Naive::ShownEntry &expected = naive.shownlog[row];
         if (!same(cell(log.logtable, row, 0), expected.name) || !same(cell(log.logtable, row, 1), expected.amount)
-            || !same(cell(log.logtable, row, 3), expected.energy))
+            || !same(cell(log.logtable, row, 2), expected.unit) || !same(cell(log.logtable, row, 3), expected.energy))
             return QStringLiteral("row %1 of the log as shown").arg(row);
     }
-    for (std::size_t i = 0; i < Naive::nutrientcount; ++i)
+    // The column's one cell, prepared by the look at the text.
+    const auto *bar = dynamic_cast<const TextFieldCellRDA *>(log.nutrienttable->cellForColumn(amountcolumn));
+    for (std::size_t i = 0; i < Naive::nutrientcount; ++i) {
         if (const QString text = cell(log.nutrienttable, i, 1); !same(text, naive.shownnutrients[i]))
             return wrong("nutrient as shown", i, text, naive.shownnutrients[i]);
+        if (bar == nullptr || bitsOf(bar->percent()) != bitsOf(naive.shownratios[i]))
+            return QStringLiteral("bar %1 as shown").arg(i);
+    }
     return {};
 }
 

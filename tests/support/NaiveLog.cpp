@@ -325,9 +325,12 @@ void Naive::Log::look()
     if (std::exchange(logwasreloaded, false)) {
         shownlog.clear();
         for (const FoodPointer &food : foods)
-            shownlog.push_back({food->name.value_or(""), numberText(food->amount, 2), numberText(amount(*food, 0), 0)});
+            shownlog.push_back({food->name.value_or(""), numberText(food->amount, 2),
+                unitTitles(shownlog.size())[shownUnit(shownlog.size())], numberText(amount(*food, 0), 0)});
     }
     if (std::exchange(nutrientsreloaded, false))
-        for (std::size_t i = 0; i < nutrientcount; ++i)
+        for (std::size_t i = 0; i < nutrientcount; ++i) {
             shownnutrients[i] = nutrientText(i);
+            shownratios[i] = rdaRatio(i);
+        }
 }

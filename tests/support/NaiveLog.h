@@ -31,6 +31,7 @@ struct Nutrient {
 struct ShownEntry {
     std::string name;
     std::string amount;
+    std::string unit;
     std::string energy;
 };
 
@@ -94,6 +95,7 @@ public:
 
     std::vector<ShownEntry> shownlog;
     std::array<std::string, nutrientcount> shownnutrients;
+    Sums shownratios{}; // which the bars tell
 
     // the settings, and what else is stored
     bool usep = true;

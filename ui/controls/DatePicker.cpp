@@ -5,6 +5,7 @@
 
 #include "platform/LocalDay.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMouseEvent>
@@ -51,6 +52,20 @@ void DatePicker::setDateValue(const QDateTime &value)
     instant = shown == LocalDay::dateOf(value) ? value.toUTC() : LocalDay::onDate(value, shown);
     const QSignalBlocker quiet(this);
     setDate(shown);
+}
+
+// A menu or another window only borrows the keyboard; going elsewhere in the window enters what was typed.
+void DatePicker::focusOutEvent(QFocusEvent *event)
+{
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason && reason != Qt::ActiveWindowFocusReason) {
+        QDateEdit::focusOutEvent(event);
+        return;
+    }
+    // An arrow key that is held steps until it is let go, which the other window hears.
+    QKeyEvent letgo(QEvent::KeyRelease, Qt::Key_unknown, Qt::NoModifier);
+    keyReleaseEvent(&letgo);
+    QWidget::focusOutEvent(event);
 }
 
 void DatePicker::keyPressEvent(QKeyEvent *event)

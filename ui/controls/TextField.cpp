@@ -3,7 +3,9 @@
 
 #include "ui/controls/TextField.h"
 
+#include <QFocusEvent>
 #include <QGuiApplication>
+#include <QHideEvent>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 
@@ -12,8 +14,9 @@
 TextField::TextField(QWidget *parent)
     : QLineEdit(parent)
 {
-    // A text that code sets takes the place of what was being composed as well.
+    // A text that code sets takes the place of what was being composed, and a cursor that moves takes it out of sight.
     connect(this, &QLineEdit::textChanged, this, [this] { composition.clear(); });
+    connect(this, &QLineEdit::cursorPositionChanged, this, [this] { composition.clear(); });
 }
 
 void TextField::commitComposition()
@@ -28,6 +31,31 @@ void TextField::commitComposition()
     event.setCommitString(std::exchange(composition, {}));
     method->reset(); // or it commits the same later
     QCoreApplication::sendEvent(this, &event);
+}
+
+void TextField::dropComposition()
+{
+    if (composition.isEmpty())
+        return;
+    composition.clear();
+    QGuiApplication::inputMethod()->reset();
+    QInputMethodEvent nothing;
+    QCoreApplication::sendEvent(this, &nothing);
+}
+
+void TextField::focusOutEvent(QFocusEvent *event)
+{
+    // A menu or another window only borrows the keyboard.
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        commitComposition();
+    QLineEdit::focusOutEvent(event);
+}
+
+void TextField::hideEvent(QHideEvent *event)
+{
+    if (!event->spontaneous())
+        dropComposition();
+    QLineEdit::hideEvent(event);
 }
 
 void TextField::inputMethodEvent(QInputMethodEvent *event)

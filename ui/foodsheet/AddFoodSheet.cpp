@@ -254,6 +254,9 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
         }
         return watched == ui->searchfield ? fieldKeyPressed(key) : listKeyPressed(watched, key);
     }
+    // What is pointed at is in the list as it is shown: what was being composed is not to change it now or later.
+    if (event->type() == QEvent::MouseButtonPress && watched == ui->foodlist->viewport())
+        ui->searchfield->dropComposition();
     if (event->type() == QEvent::MouseButtonDblClick && watched == ui->foodlist->viewport()) {
         const auto *click = static_cast<QMouseEvent *>(event);
         const bool plain = click->button() == Qt::LeftButton && click->modifiers() == Qt::NoModifier;
@@ -269,6 +272,8 @@ bool AddFoodSheet::fieldKeyPressed(QKeyEvent *event)
 {
     if (!movesInList(*event, ui->searchfield->text().isEmpty()))
         return false;
+    // The list shows what was typed before anything is chosen in it.
+    ui->searchfield->commitComposition();
     // The list takes the key as its own, with everything it knows about moving and extending a selection.
     QCoreApplication::sendEvent(ui->foodlist, event);
     return true;

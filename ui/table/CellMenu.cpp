@@ -9,9 +9,13 @@
 
 #include <algorithm>
 
-void CellMenu::popupOver(const QRect &cell, QAction *chosen, std::optional<quint64> pressed)
+void CellMenu::popupOver(const QRect &cell, QAction *chosen, const QMouseEvent *press)
 {
-    openingpress = pressed;
+    if (press != nullptr) {
+        openingpress = press->timestamp();
+        pressplace = press->globalPosition();
+        dropsrelease = true;
+    }
     setMinimumWidth(cell.width());
     ensurePolished();
     const QSize size = sizeHint().expandedTo(minimumSize());
@@ -25,13 +29,16 @@ void CellMenu::popupOver(const QRect &cell, QAction *chosen, std::optional<quint
 
 void CellMenu::mousePressEvent(QMouseEvent *event)
 {
-    if (!belongsToOpening(*event))
+    pressplace = event->globalPosition();
+    dropsrelease = belongsToOpening(*event) && rect().contains(event->position().toPoint());
+    if (!dropsrelease)
         QMenu::mousePressEvent(event);
 }
 
 void CellMenu::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (!belongsToOpening(*event))
+    const bool isdragged = (event->globalPosition() - pressplace).manhattanLength() > QApplication::startDragDistance();
+    if (!belongsToOpening(*event) && (isdragged || !dropsrelease))
         QMenu::mouseReleaseEvent(event);
 }
 

@@ -8,14 +8,15 @@
 #include <optional>
 
 // The menu of a PopUpButtonCell. It opens with its chosen item over the cell, as a pop-up list does, and so the second
-// press of a double click comes to the menu: within that time after the press that opened it the mouse chooses nothing.
-// The time is told by the events themselves, for a busy program comes to the second press late.
+// press of a double click comes to the menu: within that time after the press that opened it the mouse chooses nothing,
+// nor does the release of a press of that time, however late, unless the mouse was dragged. The time is told by the
+// events themselves, for a busy program comes to the second press late.
 class CellMenu final : public QMenu {
 public:
     using QMenu::QMenu;
 
-    // The cell is in global coordinates; `pressed` is the timestamp of the press that opens the menu, if one does.
-    void popupOver(const QRect &cell, QAction *chosen, std::optional<quint64> pressed);
+    // The cell is in global coordinates; `press` is what opens the menu, or null when a key does.
+    void popupOver(const QRect &cell, QAction *chosen, const QMouseEvent *press);
 
 protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -24,5 +25,7 @@ protected:
 private:
     [[nodiscard]] bool belongsToOpening(const QMouseEvent &event) const;
 
-    std::optional<quint64> openingpress;
+    std::optional<quint64> openingpress; // its timestamp
+    bool dropsrelease = false; // of the last press,
+    QPointF pressplace; // unless it was dragged away from here
 };

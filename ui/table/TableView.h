@@ -105,7 +105,7 @@ private:
     [[nodiscard]] QWidget *openEditor() const;
     bool editRow(int row);
     // `pressed` is the timestamp of the mouse press that opens it, if one does.
-    bool openMenu(const QModelIndex &index, std::optional<quint64> pressed = {});
+    bool openMenu(const QModelIndex &index, const QMouseEvent *press = nullptr);
     void closeMenu();
     void paintPlaceholder(QPainter &painter) const;
     void paintBlockRules(QPainter &painter, const QRect &exposed) const;

@@ -116,7 +116,7 @@ void TableView::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index, event->timestamp()))
+    if (plain && index.isValid() && openMenu(index, event))
         return;
     QTableView::mousePressEvent(event);
 }
@@ -125,7 +125,7 @@ void TableView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint());
     const bool plain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
-    if (plain && index.isValid() && openMenu(index, event->timestamp()))
+    if (plain && index.isValid() && openMenu(index, event))
         return;
     QTableView::mouseDoubleClickEvent(event);
     if (plain && index.isValid())
@@ -183,7 +183,7 @@ bool TableView::editRow(int row)
 }
 
 // Opens the menu of a pop-up cell, without waiting for it. False for any other cell.
-bool TableView::openMenu(const QModelIndex &index, std::optional<quint64> pressed)
+bool TableView::openMenu(const QModelIndex &index, const QMouseEvent *press)
 {
     if (!index.isValid() || index.row() >= tablemodel->sourceRowCount())
         return false;
@@ -213,7 +213,7 @@ bool TableView::openMenu(const QModelIndex &index, std::optional<quint64> presse
     if (chosen != nullptr)
         chosen->setChecked(true);
     const QRect area = visualRect(index);
-    menu->popupOver({viewport()->mapToGlobal(area.topLeft()), area.size()}, chosen, pressed);
+    menu->popupOver({viewport()->mapToGlobal(area.topLeft()), area.size()}, chosen, press);
     return true;
 }
 
