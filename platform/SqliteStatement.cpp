@@ -46,6 +46,11 @@ int SqliteStatement::step()
     return result == SQLITE_OK ? primaryCode(sqlite3_step(statement)) : result;
 }
 
+void SqliteStatement::rewind()
+{
+    sqlite3_reset(statement);
+}
+
 QByteArray SqliteStatement::blob(int column) const
 {
     const void *bytes = sqlite3_column_blob(statement, column);

@@ -24,6 +24,9 @@ public:
     // SQLITE_ROW, SQLITE_DONE, or the primary code of the error.
     [[nodiscard]] int step();
 
+    // Lets go of the row, and so of its transaction, for another use with other values.
+    void rewind();
+
     // Of the row that step() reached; columns count from 0.
     [[nodiscard]] QByteArray blob(int column) const;
     [[nodiscard]] QString text(int column) const;

@@ -34,6 +34,7 @@ SqliteStore::~SqliteStore()
 
 void SqliteStore::close()
 {
+    valuestatement.reset();
     sqlite3_close(database);
     database = nullptr;
 }
@@ -286,11 +287,16 @@ int SqliteStore::keepCopy(const QString &key, const QByteArray &value)
 
 int SqliteStore::get(const QString &key, std::optional<QByteArray> &value)
 {
-    SqliteStatement query(database, valueQuery);
-    const int result = query.bind(1, key).step();
+    if (!valuestatement)
+        valuestatement.emplace(database, valueQuery);
+    const int result = valuestatement->bind(1, key).step();
     if (result == SQLITE_ROW)
-        value = query.blob(0);
-    return result == SQLITE_ROW || result == SQLITE_DONE ? SQLITE_OK : result;
+        value = valuestatement->blob(0);
+    valuestatement->rewind();
+    if (result == SQLITE_ROW || result == SQLITE_DONE)
+        return SQLITE_OK;
+    valuestatement.reset();
+    return result;
 }
 
 int SqliteStore::put(const QString &key, const QByteArray &value)

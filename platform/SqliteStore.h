@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/SqliteStatement.h"
 #include "platform/StoreFile.h"
 
 #include <QByteArray>
@@ -82,6 +83,7 @@ private:
     QString path;
     sqlite3 *database = nullptr;
     bool hastable = false; // of the open database
+    std::optional<SqliteStatement> valuestatement; // for a value; a save asks for each twice
     StoreFile::Identity identity; // the file that is open, whatever its name
     QHash<QString, QByteArray> written; // by the last transaction
     bool haswaited = false; // a read that met a lock waited for it once
