@@ -236,7 +236,13 @@ private slots:
     {
         run->add({A, B});
         run->select({1});
+        run->controller.showPrefs();
+        QTRY_COMPARE(QApplication::activeWindow(), run->controller.preferences);
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_Delete);
+        run->controller.hidePrefs();
+        window()->activateWindow(); // as a window manager does
         table()->setFocus();
+        QTRY_VERIFY(table()->hasFocus());
         hold(Qt::Key_X, Qt::ControlModifier);
         hold(Qt::Key_Delete, {});
         QCOMPARE(run->names(), QStringList({A, B}));
