@@ -19,6 +19,7 @@
 #include <bitset>
 #include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class AddFoodSheet;
@@ -148,7 +149,7 @@ public:
     [[nodiscard]] std::optional<QList<int>> selectionIndexesForProposedSelection(
         const TableView *table, const QList<int> &proposed) override;
     // Added. A nutrient's sentence with the entries that gave most of it, a food's whole name.
-    [[nodiscard]] QString toolTipForCell(const TableView *table, const QString &column, int row) override;
+    [[nodiscard]] Tip toolTipForCell(const TableView *table, const QString &column, int row) override;
     // Reloads the nutrients. The interface sends it where a person expects fresh totals and no operation reloads them.
     void updateNutrients();
 
@@ -209,8 +210,8 @@ protected:
     [[nodiscard]] float rdaRatio(int index) const;
     [[nodiscard]] QString amountText(int index) const;
     [[nodiscard]] QString percentText(int index) const;
-    [[nodiscard]] QString nutrientSentence(int index) const;
-    [[nodiscard]] QString mainSources(int index) const;
+    [[nodiscard]] Tip nutrientTip(int index) const;
+    [[nodiscard]] std::array<std::pair<QString, float>, 3> mainSources(int index) const;
 
     Clock now;
     UserDefaults *prefs = nullptr; // the standard store, from initPrefs on

@@ -104,7 +104,7 @@ public:
         return std::nullopt;
     }
     void tableViewSelectionDidChange() override { }
-    QString toolTipForCell(const TableView * /*table*/, const QString & /*column*/, int /*row*/) override { return {}; }
+    Tip toolTipForCell(const TableView * /*table*/, const QString & /*column*/, int /*row*/) override { return {}; }
 };
 
 class BarTable final {

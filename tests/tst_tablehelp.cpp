@@ -41,9 +41,9 @@ public:
         return proposed;
     }
     void tableViewSelectionDidChange() override { }
-    QString toolTipForCell(const TableView * /*table*/, const QString & /*column*/, int /*row*/) override
+    Tip toolTipForCell(const TableView * /*table*/, const QString & /*column*/, int /*row*/) override
     {
-        return tooltip;
+        return [this] { return tooltip; };
     }
 };
 

@@ -12,6 +12,21 @@
 #include <QColor>
 
 #include <algorithm>
+#include <utility>
+
+namespace {
+
+QString withUnit(float amount, const QString &unit)
+{
+    return NumberText::fixed(double(amount), 2) + u' ' + unit;
+}
+
+QString percent(float ratio)
+{
+    return NumberText::fixed(double(ratio * 100.0F), 0) + QStringLiteral(" %");
+}
+
+} // namespace
 
 QString AppDelegate::nutrientValue(const QString &column, int row) const
 {
@@ -37,12 +52,12 @@ float AppDelegate::rdaRatio(int index) const
 
 QString AppDelegate::amountText(int index) const
 {
-    return NumberText::fixed(double(displayedSum(index)), 2) + u' ' + nutdataunits[index];
+    return withUnit(displayedSum(index), nutdataunits[index]);
 }
 
 QString AppDelegate::percentText(int index) const
 {
-    return NumberText::fixed(double(rdaRatio(index) * 100.0F), 0) + QStringLiteral(" %");
+    return percent(rdaRatio(index));
 }
 
 // The bar is prepared whether amounts or percentages are shown.
@@ -56,24 +71,32 @@ void AppDelegate::prepareBar(TextFieldCellRDA &cell, int row) const
 }
 
 // "Vitamin C, 54.00 mg, 90 % of the RDA (60.00 mg)", and on a second line what gave most of it.
-QString AppDelegate::nutrientSentence(int index) const
+TableViewDelegate::Tip AppDelegate::nutrientTip(int index) const
 {
-    const float rda = rdas[static_cast<std::size_t>(index)];
-    QString text = nutdata[index] + QStringLiteral(", ") + amountText(index);
-    if (rda > 0.0F)
-        text += QStringLiteral(", ") + percentText(index) + QStringLiteral(" of the RDA (")
-            + NumberText::fixed(double(rda), 2) + u' ' + nutdataunits[index] + u')';
-    const QString sources = mainSources(index);
-    return sources.isEmpty() ? text : text + u'\n' + sources;
+    return [name = nutdata[index], unit = nutdataunits[index], sum = displayedSum(index),
+               rda = rdas[static_cast<std::size_t>(index)], ratio = rdaRatio(index), sources = mainSources(index)] {
+        QString text = name + QStringLiteral(", ") + withUnit(sum, unit);
+        if (rda > 0.0F)
+            text
+                += QStringLiteral(", ") + percent(ratio) + QStringLiteral(" of the RDA (") + withUnit(rda, unit) + u')';
+        QString separator = QStringLiteral("\n");
+        for (const auto &[source, amount] : sources) {
+            if (!(amount > 0.0F))
+                break;
+            text += separator + TableCell::shortened(source) + u' ' + percent(amount / sum);
+            separator = QStringLiteral("; ");
+        }
+        return text;
+    };
 }
 
-// The three shown entries that give most of a displayed sum, with their shares; empty when the sum is not above 0.
-// Asked for with every bar: one pass, nothing sorted.
-QString AppDelegate::mainSources(int index) const
+// The three shown entries that give most of a displayed sum, with their amounts; amounts of 0 where there are fewer,
+// and when the sum is not above 0. Asked for with every bar: one pass, nothing sorted.
+std::array<std::pair<QString, float>, 3> AppDelegate::mainSources(int index) const
 {
-    const float sum = displayedSum(index);
-    if (!(sum > 0.0F))
-        return {};
+    std::array<std::pair<QString, float>, 3> sources{};
+    if (!(displayedSum(index) > 0.0F))
+        return sources;
     const std::vector<float> &amounts = nutrients[static_cast<std::size_t>(index)];
     std::array<std::size_t, 3> most{}; // rows
     std::size_t count = 0;
@@ -94,20 +117,20 @@ QString AppDelegate::mainSources(int index) const
         consider(static_cast<std::size_t>(row));
     for (std::size_t row = 0; selected.isEmpty() && row < amounts.size(); ++row)
         consider(row);
-    QStringList sources;
     for (std::size_t i = 0; i < count; ++i)
-        sources.append(TableCell::shortened(foods[most[i]]->name().value_or(QString())) + u' '
-            + NumberText::fixed(double(amounts[most[i]] / sum * 100.0F), 0) + QStringLiteral(" %"));
-    return sources.join(QStringLiteral("; "));
+        sources[i] = {foods[most[i]]->name().value_or(QString()), amounts[most[i]]};
+    return sources;
 }
 
-QString AppDelegate::toolTipForCell(const TableView *table, const QString &column, int row)
+TableViewDelegate::Tip AppDelegate::toolTipForCell(const TableView *table, const QString &column, int row)
 {
     if (table == nutrienttable)
-        return nutrientSentence(row);
+        return nutrientTip(row);
     // A long name is cut off in its column.
     if (table == logtable && column == QStringLiteral("Name"))
-        return TableCell::shortened(foods[static_cast<std::size_t>(row)]->name().value_or(QString()));
+        return [food = foods[static_cast<std::size_t>(row)]->name()] {
+            return TableCell::shortened(food.value_or(QString()));
+        };
     return {};
 }
 

@@ -112,9 +112,9 @@ public:
             onSelection();
     }
 
-    QString toolTipForCell(const TableView * /*view*/, const QString &column, int row) override
+    Tip toolTipForCell(const TableView * /*view*/, const QString &column, int row) override
     {
-        return QStringLiteral("%1 of row %2").arg(column).arg(row);
+        return [column, row] { return QStringLiteral("%1 of row %2").arg(column).arg(row); };
     }
 };
 

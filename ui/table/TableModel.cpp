@@ -5,7 +5,6 @@
 
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/TableViewDataSource.h"
-#include "ui/table/TableViewDelegate.h"
 
 #include <algorithm>
 #include <utility>
@@ -94,7 +93,7 @@ TableCell &TableModel::prepareCell(int row, int column) const
         prepared.setLooks(place->looks);
     else
         place = Kept{prepared.objectValue(), prepared.looks(),
-            delegate != nullptr ? delegate->toolTipForCell(table, shared.identifier, row) : QString()};
+            delegate != nullptr ? delegate->toolTipForCell(table, shared.identifier, row) : nullptr};
     return prepared;
 }
 
@@ -134,8 +133,12 @@ QVariant TableModel::data(const QModelIndex &index, int role) const
     case Qt::EditRole:
         return hasRow(index.row()) ? keptCell(index.row(), index.column()).value : QVariant();
     case Qt::ToolTipRole:
-    case Qt::AccessibleDescriptionRole:
-        return hasRow(index.row()) ? keptCell(index.row(), index.column()).tip : QVariant();
+    case Qt::AccessibleDescriptionRole: {
+        if (!hasRow(index.row()))
+            return {};
+        const TableViewDelegate::Tip &tip = keptCell(index.row(), index.column()).tip;
+        return tip ? tip() : QString();
+    }
     default:
         return {};
     }

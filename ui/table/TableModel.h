@@ -4,6 +4,7 @@
 #pragma once
 
 #include "ui/table/TableView.h"
+#include "ui/table/TableViewDelegate.h"
 
 #include <QAbstractTableModel>
 
@@ -58,7 +59,7 @@ private:
     struct Kept {
         QVariant value;
         QVariant looks;
-        QString tip;
+        TableViewDelegate::Tip tip;
     };
     using Place = std::optional<Kept>; // empty until the cell is first needed
     [[nodiscard]] Place &placeOf(int row, int column) const;
