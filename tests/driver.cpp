@@ -28,10 +28,16 @@ public:
         if (event->type() == QEvent::Paint && window == nullptr) {
             window = qobject_cast<QMainWindow *>(watched);
             if (window != nullptr)
-                QMetaObject::invokeMethod(
-                    this, [this] { drive(); }, Qt::QueuedConnection);
+                startTimer(0); // when this paint is over
         }
         return false;
+    }
+
+protected:
+    void timerEvent(QTimerEvent *event) override
+    {
+        killTimer(event->timerId());
+        drive();
     }
 
 private:
