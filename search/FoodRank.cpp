@@ -127,7 +127,7 @@ private:
 
 } // namespace
 
-std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const FoodIndex &index, int number)
+std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const FoodIndex &index, int number, quint16 own)
 {
     const FoodIndex::Name &name = index.names()[static_cast<std::size_t>(number)];
     const FoodIndex::NameWord *words = index.wordsOf(name);
@@ -137,8 +137,9 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
         return std::nullopt;
 
     FoodRank rank;
-    rank.forFew = name.forFew;
-    rank.ofBrand = name.ofBrand;
+    rank.own = own;
+    rank.forFew = name.forFew && own == notOwn;
+    rank.ofBrand = name.ofBrand && own == notOwn;
     Coverage coverage;
     UnaskedWeight unasked;
     for (std::size_t i = 0; i < name.count; ++i) {
