@@ -147,7 +147,7 @@ void SingleInstance::listen()
     const int candidate = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
     if (candidate < 0)
         return; // GCOVR_EXCL_LINE: only without a free descriptor
-    ::unlinkat(folder, socketname, 0); // one that a kill left behind
+    ::unlinkat(folder, socketname, 0); // one that a kill left over
     ::fchmod(candidate, 0600); // binding gives this mode to the name
     const Address address(folder);
     if (::bind(candidate, address.get(), sizeof address.socket) != 0 || ::listen(candidate, 8) != 0) {

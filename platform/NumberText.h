@@ -14,7 +14,7 @@
 // "+".
 namespace NumberText {
 
-// The float at the front of a text, behind blanks: sign, ASCII digits with a period among them, exponent, as far as
+// The float at the front of a text, after blanks: sign, ASCII digits with a period among them, exponent, as far as
 // they make a number. It is rounded a single time. Without a number the answer is 0; a number out of a float's range
 // gives an infinity or a zero, with its sign.
 [[nodiscard]] float floatValue(std::string_view text);

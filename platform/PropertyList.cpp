@@ -87,7 +87,7 @@ Document::Object Document::object(Reference reference) const
     return sized(marker, payload);
 }
 
-// Data, strings and containers: their marker ends in the count, or in 15 when the count stands behind it as an integer.
+// Data, strings and containers: their marker ends in the count, or in 15 when the count stands after it as an integer.
 Document::Object Document::sized(unsigned marker, quint64 payload) const
 {
     Object object;

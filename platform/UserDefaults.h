@@ -57,7 +57,7 @@ public:
     // replaced without a copy when the key is next written.
     [[nodiscard]] QVariant objectForKey(const QString &key) const;
 
-    // A boolean as it is, a number whether it is not 0, a text whether Y, y, T, t or a digit 1 to 9 comes first behind
+    // A boolean as it is, a number whether it is not 0, a text whether Y, y, T, t or a digit 1 to 9 comes first after
     // blanks, one sign and zeros ("YES" is true, "NO" and "0" are not); false for anything else or nothing.
     [[nodiscard]] bool boolForKey(const QString &key) const;
 

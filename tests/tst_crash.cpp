@@ -191,7 +191,7 @@ private:
         return journal.open(QIODevice::ReadOnly) && journal.read(1) > QByteArray(1, '\0');
     }
 
-    // How many days behind the first are stored, each with all of the foods; -1 when one is not, or is out of turn.
+    // How many days after the first are stored, each with all of the foods; -1 when one is not, or is out of turn.
     int daysLeft(const ProgramHome &eater, const QStringList &foods) const
     {
         const QTemporaryDir copy;

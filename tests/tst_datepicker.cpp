@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/LocalDay.h"
+#include "tests/support/Instants.h"
 #include "ui/controls/DatePicker.h"
 
 #include <QCalendarWidget>
@@ -9,22 +10,6 @@
 #include <QSignalSpy>
 #include <QTableView>
 #include <QtTest>
-
-namespace {
-
-QDateTime utc(const char *text)
-{
-    QDateTime instant = QDateTime::fromString(QString::fromLatin1(text), Qt::ISODateWithMs);
-    instant.setTimeSpec(Qt::UTC);
-    return instant;
-}
-
-void setZone(const QByteArray &zone)
-{
-    qputenv("TZ", zone); // and nobody tells the C library
-}
-
-} // namespace
 
 class DatePickerTest final : public QObject {
     Q_OBJECT

@@ -289,7 +289,7 @@ private slots:
         QCOMPARE(LocalDay::key(run->controller.curdate), key("2026_06_02"));
     }
 
-    void itemsThatAreNoRecordAreKeptBehindTheEntries()
+    void itemsThatAreNoRecordAreKeptAfterTheEntries()
     {
         const QVariantList stored
             = {QByteArray("no record"), recordOf(A), QStringLiteral("words"), recordOf(B), 7LL, QVariantList{true}};

@@ -17,7 +17,7 @@ private slots:
         QTest::newRow("whole") << QByteArray("12") << qint64(12'000'000);
         QTest::newRow("with decimals") << QByteArray("1.40") << qint64(1'400'000);
         QTest::newRow("no digit before the period") << QByteArray(".5") << qint64(500'000);
-        QTest::newRow("no digit behind the period") << QByteArray("5.") << qint64(5'000'000);
+        QTest::newRow("no digit after the period") << QByteArray("5.") << qint64(5'000'000);
         QTest::newRow("zero") << QByteArray("0.000") << qint64(0);
         QTest::newRow("leading zeros") << QByteArray("000000007") << qint64(7'000'000);
         QTest::newRow("the largest") << QByteArray("999999.999999") << qint64(999'999'999'999);
@@ -56,7 +56,7 @@ private slots:
         QTest::newRow("the period goes") << QByteArray("2.000") << QByteArray("2");
         QTest::newRow("a zero comes") << QByteArray(".75") << QByteArray("0.75");
         QTest::newRow("zeros of a whole number stay") << QByteArray("100") << QByteArray("100");
-        QTest::newRow("zeros behind the period stay") << QByteArray("0.001") << QByteArray("0.001");
+        QTest::newRow("zeros after the period stay") << QByteArray("0.001") << QByteArray("0.001");
         QTest::newRow("zero") << QByteArray("0.0") << QByteArray("0");
     }
 

@@ -80,7 +80,7 @@ private slots:
         QTest::newRow("words") << QStringLiteral("abc") << 0.0F;
         QTest::newRow("nothing") << QString() << 0.0F;
         QTest::newRow("a comma") << QStringLiteral("12,5") << 12.0F;
-        QTest::newRow("a unit behind it") << QStringLiteral("12 g") << 12.0F;
+        QTest::newRow("a unit after it") << QStringLiteral("12 g") << 12.0F;
         QTest::newRow("too large") << QStringLiteral("1e40") << std::numeric_limits<float>::infinity();
         QTest::newRow("hexadecimal") << QStringLiteral("0x10") << 0.0F;
     }

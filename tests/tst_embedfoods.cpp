@@ -40,7 +40,7 @@ private slots:
         output = folder->filePath(QStringLiteral("names.inc"));
     }
 
-    void theNamesStandOneBehindTheOtherWithTheirLengths()
+    void theNamesStandOneAfterTheOtherWithTheirLengths()
     {
         QCOMPARE(embed("00001\tApple, raw\n00002\tBread\n"), 0);
         QFile file(output);

@@ -357,7 +357,7 @@ private slots:
             "foods.tsv:1: character 6 of the name is not allowed: \"Apple\traw\"");
         row("two blanks", "foods.tsv", "00001\tApple,  raw\n",
             "foods.tsv:1: the blanks of the name are not single and inside: \"Apple,  raw\"");
-        row("a blank behind", "foods.tsv", "00001\tApple \n",
+        row("a blank after it", "foods.tsv", "00001\tApple \n",
             "foods.tsv:1: the blanks of the name are not single and inside: \"Apple \"");
         row("a name too short", "foods.tsv", "00001\tAp\n", "foods.tsv:1: a name of 2 characters: \"Ap\"");
         row("no name", "foods.tsv", "00001\t\n", "foods.tsv:1: a name of 0 characters: \"\"");

@@ -2,24 +2,9 @@
 // SPDX-License-Identifier: MIT
 
 #include "platform/LocalDay.h"
+#include "tests/support/Instants.h"
 
 #include <QtTest>
-
-namespace {
-
-QDateTime utc(const char *text)
-{
-    QDateTime instant = QDateTime::fromString(QString::fromLatin1(text), Qt::ISODateWithMs);
-    instant.setTimeSpec(Qt::UTC);
-    return instant;
-}
-
-void setZone(const QByteArray &zone)
-{
-    qputenv("TZ", zone); // and nobody tells the C library
-}
-
-} // namespace
 
 class LocalDayTest final : public QObject {
     Q_OBJECT

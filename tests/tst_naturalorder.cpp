@@ -34,7 +34,7 @@ private slots:
         row("digits by their value before a sign", "flour, 9% protein", "flour, 10% protein");
         row("digits at the very end", "Beer 9", "Beer 10");
         row("digits that begin a name", "9 grain bread", "10 grain bread");
-        row("the digits behind a period are a number of their own", "milk, 3.7% fat", "milk, 3.25% fat");
+        row("the digits after a period are a number of their own", "milk, 3.7% fat", "milk, 3.25% fat");
         row("leading zeros do not count", "part 007", "part 08");
         row("more zeros make no larger number", "part 0000", "part 1");
         row("a number beyond any integer", "n 99999999999999999999999999999998", "n 99999999999999999999999999999999");
@@ -72,7 +72,7 @@ private slots:
         row("the proof of a whiskey", "Alcoholic beverage, distilled, all (gin, rum, vodka, whiskey) 94 proof",
             "Alcoholic beverage, distilled, all (gin, rum, vodka, whiskey) 100 proof");
         row("the light beers", "Alcoholic beverage, beer, light, MICHELOB ULTRA", "Alcoholic beverage, beer, light");
-        row("letters beyond ASCII behind the others", "z", "\u00e4");
+        row("letters beyond ASCII after the others", "z", "\u00e4");
     }
 
     void oneFoodNameComesBeforeAnother()

@@ -41,11 +41,11 @@ private slots:
         row("nan is no number", "nan", 0.0F);
         row("leading blanks are skipped", " \t\n\v\f\r12", 12.0F);
         row("a no-break space is not a blank", "\u00a05", 0.0F);
-        row("text behind the number is left", "12 cups", 12.0F);
+        row("text after the number is left", "12 cups", 12.0F);
         row("a plus sign is taken", "+5", 5.0F);
         row("a minus sign is taken", "-5", -5.0F);
         row("digits may be missing before the period", ".5", 0.5F);
-        row("digits may be missing behind the period", "5.", 5.0F);
+        row("digits may be missing after the period", "5.", 5.0F);
         row("a second period ends the number", "1.2.3", 1.2F);
         row("a comma ends the number", "12,5", 12.0F);
         row("an exponent counts", "1.5e2", 150.0F);
@@ -53,8 +53,8 @@ private slots:
         row("a negative exponent counts", "15e-1", 1.5F);
         row("an exponent without digits is left", "1e", 1.0F);
         row("an exponent with a sign alone is left", "1e+", 1.0F);
-        row("a word behind the number is no exponent", "1 e5", 1.0F);
-        row("an exponent behind a bare period counts", "5.e1", 50.0F);
+        row("a word after the number is no exponent", "1 e5", 1.0F);
+        row("an exponent after a bare period counts", "5.e1", 50.0F);
         row("a letter before the digits is 0", "e5", 0.0F);
         row("too large is infinity", "1e400", infinity);
         row("too large and negative is negative infinity", "-1e400", -infinity);
@@ -86,7 +86,7 @@ private slots:
         QCOMPARE(NumberText::floatValue(text.toStdString()), value);
     }
 
-    void manyZerosBehindThePeriodAreSmallAndBeforeItLarge()
+    void zerosAfterThePeriodMakeItSmallAndBeforeItLarge()
     {
         const std::string zeros(500, '0');
         QCOMPARE(NumberText::floatValue("0." + zeros + "1"), 0.0F);

@@ -161,8 +161,8 @@ private slots:
         QTest::newRow("a blank for the hyphen") << QByteArray("Omega 3");
         QTest::newRow("a blank missing") << QByteArray("B1(Thiamine)");
         QTest::newRow("a blank before") << QByteArray(" Energy");
-        QTest::newRow("a blank behind") << QByteArray("Energy ");
-        QTest::newRow("a NUL behind") << QByteArray("Energy\0", 7);
+        QTest::newRow("a blank at the end") << QByteArray("Energy ");
+        QTest::newRow("a NUL at the end") << QByteArray("Energy\0", 7);
         QTest::newRow("a beginning") << QByteArray("Vitamin");
         QTest::newRow("another vitamin") << QByteArray("Vitamin B");
         QTest::newRow("the same key, another middle") << QByteArray("Enxxgy");

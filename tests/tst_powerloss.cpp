@@ -157,7 +157,7 @@ private slots:
                         QVERIFY(save(defaults, Contents::numbered(1)));
                     disk.arm(Fault::PowerCut, operation, true);
                     isfinished = save(defaults, Contents::numbered(2)) && !disk.hasStruck();
-                    // Where the save came through, the power fails right behind it.
+                    // Where the save came through, the power fails right after it.
                     if (isfinished)
                         disk.arm(Fault::PowerCut, 1, true, Count::Everything);
                 }

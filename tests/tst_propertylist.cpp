@@ -286,7 +286,7 @@ private slots:
         row("an XML list", "<?xml version=\"1.0\"?><plist version=\"1.0\"><string>not this form</string></plist>");
         const QByteArray body("bplist00\x10\x07\x08");
         row("no objects", body + trailer(1, 1, 0, 0, 10));
-        row("a root behind the table", body + trailer(1, 1, 1, 1, 10));
+        row("a root beyond the table", body + trailer(1, 1, 1, 1, 10));
         row("offsets of no bytes", body + trailer(0, 1, 1, 0, 10));
         row("offsets of nine bytes", body + trailer(9, 1, 1, 0, 10));
         row("references of no bytes", body + trailer(1, 0, 1, 0, 10));
@@ -295,11 +295,11 @@ private slots:
         row("objects beyond counting", body + trailer(8, 1, ~quint64(0), 0, 10));
         row("objects that wrap around", body + trailer(8, 1, quint64(1) << 61, 0, 10));
         row("a table inside the header", body + trailer(1, 1, 1, 0, 7));
-        row("a table behind the file", body + trailer(1, 1, 1, 0, 4000));
+        row("a table beyond the file", body + trailer(1, 1, 1, 0, 4000));
         row("a table beyond counting", body + trailer(1, 1, 1, 0, ~quint64(0)));
         row("an offset inside the header", QByteArray("bplist00\x10\x07\x07") + trailer(1, 1, 1, 0, 10));
         row("an offset inside the table", QByteArray("bplist00\x10\x07\x0a") + trailer(1, 1, 1, 0, 10));
-        row("an offset behind the file", QByteArray("bplist00\x10\x07\xff") + trailer(1, 1, 1, 0, 10));
+        row("an offset beyond the file", QByteArray("bplist00\x10\x07\xff") + trailer(1, 1, 1, 0, 10));
         row("an offset at the file's first byte", QByteArray("bplist00\x10\x07\x00", 11) + trailer(1, 1, 1, 0, 10));
         row("an integer cut off", documentOf(hex("13000000")));
         row("an integer that lacks one byte", documentOf(hex("1107")));

@@ -73,7 +73,7 @@ private slots:
             QTest::newRow(typed) << QString::fromLatin1(typed);
     }
 
-    // Each key but the first reaches the editor: the text is selected once, not again behind the first digit.
+    // Each key but the first reaches the editor: the text is selected once, not again after the first digit.
     void typingADigitReplacesTheTextByIt()
     {
         QFETCH(QString, typed);

@@ -5,11 +5,11 @@
 
 #include <sqlite3.h>
 
-// What a layer above SQLite's own disk leaves to it. A file object holds the layer's part and behind it, in the same
+// What a layer above SQLite's own disk leaves to it. A file object holds the layer's part and after it, in the same
 // memory, the disk's.
 namespace VfsLayer {
 
-constexpr int ownSize = 64; // at most; aligned for whatever the disk keeps behind it
+constexpr int ownSize = 64; // at most; aligned for whatever the disk keeps after it
 
 inline sqlite3_file *onDisk(sqlite3_file *file)
 {

@@ -6,7 +6,7 @@
 #include <QStyledItemDelegate>
 
 // Draws a food in the add-food sheet: its name with the letters in bold that the query found it by, without its middle
-// where it is too long, and behind it, in a weaker colour, the mark of a food that is chosen already. Rows have one
+// where it is too long, and after it, in a weaker colour, the mark of a food that is chosen already. Rows have one
 // height, so the view need not ask for 7,801 of them.
 class FoodDelegate final : public QStyledItemDelegate {
     Q_OBJECT

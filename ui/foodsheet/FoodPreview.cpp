@@ -58,7 +58,7 @@ void FoodPreview::showFood(const QString &name)
         figure.figure->setText(
             NumberText::fixed(amount, figure.decimals) + u' ' + NutrientCatalogue::units()[nutrient]);
     }
-    for (const QString &title : food.getUnitNames().mid(1)) { // behind the gram itself
+    for (const QString &title : food.getUnitNames().mid(1)) { // after the gram itself
         auto *item = new QTreeWidgetItem(ui->measurelist, {title, gramsText(food.gramsOfUnit(title).value_or(0.0F))});
         item->setSizeHint(0, {0, fontMetrics().height() + rowpadding});
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
