@@ -117,6 +117,27 @@ private slots:
         QCOMPARE(table()->currentIndex().row(), 0);
     }
 
+    void theAddFoodButtonSaysWhatIsLeftToBeAdded()
+    {
+        const auto *button = window()->findChild<QPushButton *>(QStringLiteral("addfoodbutton"));
+        const QString usual = button->toolTip();
+        AddFoodSheet *sheet = run->controller.addview;
+        const std::pair<const char *, const char *> kept[]
+            = {{"honey", "\n1 food is on the list to be added"}, {"zwieback", "\n2 foods are on the list to be added"}};
+        for (const auto &[query, tip] : kept) {
+            QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+            QTest::keyClicks(sheet->focusWidget(), QLatin1String(query));
+            QTest::keyClick(sheet->focusWidget(), Qt::Key_Return, Qt::ControlModifier);
+            QTest::keyClick(sheet->focusWidget(), Qt::Key_Escape);
+            QCOMPARE(button->toolTip(), usual + QLatin1String(tip));
+            QCOMPARE(run->names(), QStringList());
+        }
+        QTest::keyClick(table(), Qt::Key_N, Qt::ControlModifier);
+        QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
+        QCOMPARE(run->names(), QStringList({QStringLiteral("Honey"), QStringLiteral("Zwieback")}));
+        QCOMPARE(button->toolTip(), usual);
+    }
+
     void theSheetMarksTheFoodsOfTheDay()
     {
         const QString apricots = QStringLiteral("Apricots, raw");

@@ -55,6 +55,10 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // Sets the allowance that was typed and not set, if one was: before anything else is done in the preferences.
+    void setTypedRDA();
+    // Says on the button how many foods wait on the sheet's list.
+    void showFoodsLeft();
     // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
     void showKept();
 
