@@ -35,6 +35,7 @@ struct FoodRank {
 
     static constexpr quint16 notOwn = 0xffff;
 
+    quint8 missing = 0; // terms that the name does not match, where none matches all
     bool forFew = false; // baby foods and one people's dishes last
     bool ofBrand = false; // then brands and stand-ins, all unless asked for
     Tier tier = Tier::ElsewherePrefix;
@@ -46,7 +47,7 @@ struct FoodRank {
 
     auto operator<=>(const FoodRank &) const = default;
 
-    // Nothing when the reading does not find the name.
+    // Nothing when the reading does not find the name, though `mostmissing` of its terms may match no word of it.
     [[nodiscard]] static std::optional<FoodRank> of(
-        const FoodQuery::Reading &reading, const FoodIndex &index, int name, quint16 own = notOwn);
+        const FoodQuery::Reading &reading, const FoodIndex &index, int name, quint16 own = notOwn, int mostmissing = 0);
 };
