@@ -43,7 +43,8 @@ qint16 weightOf(const QByteArray &word, Tone tone, int uses, std::size_t names)
 
 bool isInCapitals(QStringView text)
 {
-    return std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); }) >= 3;
+    return text.contains(u'&')
+        || std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); }) >= 3;
 }
 
 // Follows the commas and brackets of a name: a part is what stands between them, or after a "with" or "in".

@@ -103,6 +103,14 @@ bool FoodLexicon::isFlesh(const QByteArray &word)
     return words.contains(word);
 }
 
+bool FoodLexicon::isCut(const QByteArray &word)
+{
+    static const QSet<QByteArray> words
+        = setOf("black chunk chunks cubes cutlet fillet fillets filet green halves loin mince pieces red spray stick "
+                "portion portions rings scramble slices steak steaks sticks strips toast wedges white yellow");
+    return words.contains(word);
+}
+
 bool FoodLexicon::isServing(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(

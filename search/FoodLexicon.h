@@ -43,6 +43,10 @@ enum class Tone {
 // Whether a name that begins with the word is of meat, poultry or fish, which is eaten cooked.
 [[nodiscard]] bool isFlesh(const QByteArray &word);
 
+// Whether the word tells how a food comes and not which it is, though it stands where the noun does: "cod fillet",
+// "olives black".
+[[nodiscard]] bool isCut(const QByteArray &word);
+
 // Whether a person who finds nothing meant no food by the word: "glass", "of", "some".
 [[nodiscard]] bool isServing(const QByteArray &word);
 

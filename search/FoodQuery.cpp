@@ -138,7 +138,7 @@ public:
         for (const Draft &draft : drafts) {
             Reading reading;
             reading.bySynonym = draft.bySynonym;
-            if (addTerms(reading, draft) || partial)
+            if (addTerms(reading, draft))
                 answer.push_back(std::move(reading));
         }
         return answer;
@@ -148,7 +148,8 @@ private:
     // A token that is in no name may be a prefix, or a misspelling, of one that the table of synonyms knows.
     QByteArray spelledAsSaid(const QByteArray &word) const
     {
-        if (word.size() < 3 || termFor(word, true, index).found)
+        if (word.size() < 3 || foodSynonymWords().contains(word) || FoodLexicon::isUnknownFood(word)
+            || termFor(word, true, index).found)
             return word;
         const int limit = allowedDistance(word);
         QByteArray closest = word;
@@ -255,10 +256,18 @@ private:
             Term term = termFor(word.text, word.typed, index);
             if (!term.found && word.typed && !rewritten.contains(word.text) && !FoodLexicon::isUnknownFood(word.text))
                 correctSpelling(term, index);
-            if (!term.found && !partial)
+            if (!term.found && (!partial || rewritten.contains(word.text)))
                 return false;
             reading.terms.push_back(std::move(term));
         }
+        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(),
+            [](const Term &term) { return term.found && !FoodLexicon::isCut(term.text); });
+        if (noun != reading.terms.rend())
+            noun->noun = true;
+        for (Term &term : reading.terms)
+            term.noun = term.noun || FoodLexicon::isFlesh(term.text);
+        if (std::none_of(reading.terms.begin(), reading.terms.end(), [](const Term &term) { return term.found; }))
+            return false;
         return true;
     }
 

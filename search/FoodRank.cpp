@@ -24,12 +24,13 @@ struct Terms {
     quint8 missing = 0; // match none
 };
 
-// Nothing when more terms than `most` match no word of the name.
+// Nothing when a term matches no word of the name, or, when `partial` is set, when all of them match none.
 std::optional<Terms> matchWords(const FoodQuery::Reading &reading, const FoodIndex::Name &name,
-    const FoodIndex::NameWord *words, int most, Matches &matches)
+    const FoodIndex::NameWord *words, bool partial, Matches &matches)
 {
     std::fill_n(matches.begin(), name.count, Match::None);
     Terms terms;
+    bool any = false;
     for (const FoodQuery::Term &term : reading.terms) {
         Match best = Match::None;
         for (std::size_t i = 0; i < name.count; ++i) {
@@ -37,11 +38,14 @@ std::optional<Terms> matchWords(const FoodQuery::Reading &reading, const FoodInd
             matches[i] = std::max(matches[i], match);
             best = std::max(best, match);
         }
-        if (best == Match::None && ++terms.missing > most)
+        if (best == Match::None && !partial)
             return std::nullopt;
+        any = any || best != Match::None;
         terms.prefixes = static_cast<quint8>(terms.prefixes + (best == Match::Prefix ? 1 : 0));
+        if (best == Match::None)
+            terms.missing = static_cast<quint8>(terms.missing + (term.noun ? 2 : 1));
     }
-    return terms;
+    return any ? std::optional(terms) : std::nullopt;
 }
 
 struct Coverage {
@@ -104,11 +108,10 @@ public:
     {
         constexpr int shelfweight = 8;
         constexpr int companyweight = 24; // of "with": something else is in it
-        constexpr int rawfleshweight = 32; // of what is eaten cooked
         constexpr int moreplainweight = FoodIndex::plainWeight / 4; // "raw" says nearly all that "raw, fresh" does
         int own = meaning.weight;
         if (flesh && (meaning.raw || meaning.cooked)) {
-            total += meaning.raw ? rawfleshweight : FoodIndex::plainWeight;
+            total += meaning.cooked ? FoodIndex::plainWeight : 0;
             return;
         }
         if (word.byProduct)
@@ -143,12 +146,12 @@ private:
 } // namespace
 
 std::optional<FoodRank> FoodRank::of(
-    const FoodQuery::Reading &reading, const FoodIndex &index, int number, quint16 own, int mostmissing)
+    const FoodQuery::Reading &reading, const FoodIndex &index, int number, quint16 own, bool partial)
 {
     const FoodIndex::Name &name = index.names()[static_cast<std::size_t>(number)];
     const FoodIndex::NameWord *words = index.wordsOf(name);
     Matches matches;
-    const std::optional<Terms> terms = matchWords(reading, name, words, mostmissing, matches);
+    const std::optional<Terms> terms = matchWords(reading, name, words, partial, matches);
     if (!terms)
         return std::nullopt;
 
@@ -160,6 +163,7 @@ std::optional<FoodRank> FoodRank::of(
     UnaskedWeight unasked(name.flesh);
     for (std::size_t i = 0; i < name.count; ++i) {
         const FoodIndex::VocabularyWord &meaning = index.vocabulary()[words[i].word];
+        rank.rawFlesh = rank.rawFlesh || (name.flesh && meaning.raw && matches[i] == Match::None);
         if (matches[i] == Match::None)
             unasked.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
         else if (matches[i] == Match::Prefix)

@@ -4,6 +4,7 @@
 #include "search/FoodSearch.h"
 
 #include "search/FoodLexicon.h"
+#include "search/FoodSynonyms.h"
 #include "search/FoodWords.h"
 #include "search/QueryWords.h"
 
@@ -141,6 +142,12 @@ bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const Answer &wh
     constexpr double mostpieces = 12;
     constexpr qsizetype shortestprefix = 3;
     const auto &vocabulary = index->vocabulary();
+    const auto &synonyms = foodSynonyms(); // "7 up"
+    if (std::any_of(synonyms.begin(), synonyms.end(), [&](const FoodSynonym &each) {
+            return reading.neighbourAfter && each.said.size() > 1 && each.said[0] == reading.number
+                && each.said[1] == reading.neighbour;
+        }))
+        return true;
     const auto isNeighbour = [&](const QByteArray &word) {
         return word == reading.neighbour
             || (reading.neighbour.size() >= shortestprefix && word.startsWith(reading.neighbour));
@@ -165,8 +172,7 @@ std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, con
     const quint16 usefulness = own.empty() ? FoodRank::notOwn : own[static_cast<std::size_t>(name)];
     std::optional<FoodRank> best;
     for (const FoodQuery::Reading &reading : answer.readings) {
-        const int mostmissing = answer.partial ? static_cast<int>(reading.terms.size()) - 1 : 0;
-        const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name, usefulness, mostmissing);
+        const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name, usefulness, answer.partial);
         if (!rank || (best && !(*rank < *best)))
             continue;
         best = rank;

@@ -46,6 +46,28 @@ private:
         return text;
     }
 
+    // Whether the name has, for each of the words, one of its alternatives.
+    bool holds(int name, const std::vector<QByteArray> &meant) const
+    {
+        std::set<QByteArray> own;
+        for (const FoodWords::Token &word : FoodWords::tokenize(names[name])) {
+            own.insert(word.text);
+            for (const QByteArray &other : FoodWords::inflections(word.text))
+                own.insert(other);
+        }
+        return std::all_of(meant.begin(), meant.end(), [&](const QByteArray &word) {
+            const QByteArrayList all = word.split('|');
+            return std::any_of(all.begin(), all.end(), [&](const QByteArray &each) { return own.count(each) > 0; });
+        });
+    }
+
+    // The ways to say that something is lacking are made for every word, sensible or not.
+    static bool isLack(const FoodSynonym &synonym)
+    {
+        const auto isWord = [](const QByteArray &word) { return word == "no" || word == "free" || word == "less"; };
+        return std::any_of(synonym.said.begin(), synonym.said.end(), isWord);
+    }
+
     static QRegularExpression pattern(const QString &text)
     {
         const QString escaped = QRegularExpression::escape(text).replace(QLatin1String("\\*"), QLatin1String(".*"));
@@ -242,30 +264,19 @@ private slots:
             hits.filter(QRegularExpression(QStringLiteral("\\bpoi"), QRegularExpression::CaseInsensitiveOption)), hits);
     }
 
-    void everySynonymFindsSomething_data()
+    // Nothing of the table is there for nothing: said alone, each synonym finds a food that holds all it means.
+    void everySynonymFindsWhatItMeans()
     {
-        QTest::addColumn<QString>("said");
-        QTest::addColumn<QString>("meant");
+        QStringList useless;
         for (const FoodSynonym &synonym : foodSynonyms()) {
             const QByteArray said = QByteArrayList(synonym.said.begin(), synonym.said.end()).join(' ');
             const QByteArray meant = QByteArrayList(synonym.meant.begin(), synonym.meant.end()).join(' ');
-            QTest::newRow((said + " for " + meant).constData())
-                << QString(QLatin1String(said)) << QString(QLatin1String(meant));
+            const std::vector<int> hits = search.search(QString::fromLatin1(said));
+            const bool any = std::any_of(hits.begin(), hits.end(), [&](int hit) { return holds(hit, synonym.meant); });
+            if (!any && !isLack(synonym))
+                useless << QString::fromLatin1(said + " for " + meant);
         }
-    }
-
-    void everySynonymFindsSomething()
-    {
-        QFETCH(QString, said);
-        QFETCH(QString, meant);
-        std::vector<int> wanted = search.search(meant);
-        QVERIFY(!wanted.empty());
-        std::vector<int> hits = search.search(said);
-        std::sort(wanted.begin(), wanted.end());
-        std::sort(hits.begin(), hits.end());
-        std::vector<int> both;
-        std::set_intersection(wanted.begin(), wanted.end(), hits.begin(), hits.end(), std::back_inserter(both));
-        QVERIFY(!both.empty());
+        QVERIFY2(useless.isEmpty(), qPrintable(useless.join(u'\n')));
     }
 
     void aPrefixOfASynonymIsEnough()
