@@ -11,6 +11,7 @@
 
 class AddFoodSheet;
 class AppDelegate;
+class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
@@ -71,5 +72,6 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    SheetSize *addviewsize;
     InputGuard inputguard;
 };
