@@ -65,6 +65,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     main->splitter->setStretchFactor(0, 3);
     main->splitter->setStretchFactor(1, 2);
     connectFields();
+    connectDay();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectPreferences();
@@ -317,5 +318,7 @@ bool MainInterface::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Close)
         endEditing();
+    if (event->type() == QEvent::WindowActivate)
+        showDay(); // left open past midnight, it is another day's
     return QObject::eventFilter(watched, event);
 }
