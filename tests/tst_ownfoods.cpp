@@ -118,7 +118,9 @@ private slots:
         QCOMPARE(emptied.unit, QStringLiteral("1 cup"));
         QCOMPARE(emptied.unitidx, 3);
         QCOMPARE(emptied.lastday, today.addDays(-1));
-        QCOMPARE(last(today, {record(milk, 7.0F)}).amount, 7.0F);
+        const OwnFood changed = last(today, {record(milk, 7.0F)});
+        QCOMPARE(changed.amount, 7.0F);
+        QCOMPARE(changed.usefulness, stored.usefulness);
         QCOMPARE(last(today.addDays(1), {record(milk, 8.0F)}).amount, 8.0F); // not stored at all
     }
 

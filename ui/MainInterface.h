@@ -11,6 +11,7 @@
 
 class AddFoodSheet;
 class AppDelegate;
+class OtherDay;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
@@ -51,6 +52,7 @@ private:
     void makeTables();
     void connectFields();
     void connectCommands();
+    void connectOtherDay();
     void connectPreferences();
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
@@ -67,5 +69,6 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    std::unique_ptr<OtherDay> otherday;
     InputGuard inputguard;
 };
