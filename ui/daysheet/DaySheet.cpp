@@ -7,12 +7,22 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPixmap>
+#include <QStyle>
 
 namespace {
 
 enum Column { Food, Amount, Unit, Mark, ColumnCount };
 
 constexpr int rowpadding = 6;
+
+// In the place of a tick, so that the names of all rows begin below each other.
+QPixmap noTick(const QWidget &widget)
+{
+    QPixmap empty(widget.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &widget), 1);
+    empty.fill(Qt::transparent);
+    return empty;
+}
 
 bool isTickable(const QTreeWidgetItem &item)
 {
@@ -80,6 +90,7 @@ void DaySheet::showDay(const Day &day)
             said << mark;
         item->setData(Food, Qt::AccessibleTextRole, said.join(QStringLiteral(", ")));
         if (entry.inlog) {
+            item->setData(Food, Qt::DecorationRole, noTick(*list));
             item->setFlags(item->flags() & ~Qt::ItemIsUserCheckable);
             for (int column = 0; column < ColumnCount; ++column)
                 item->setForeground(column, palette().placeholderText());
