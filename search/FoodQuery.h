@@ -38,4 +38,7 @@ struct Reading {
 // FoodWords::tokenize() gives them.
 [[nodiscard]] std::vector<Reading> readings(const std::vector<QByteArray> &typed, const FoodIndex &index);
 
+// The same readings for names that need not match each term: those whose words are in no name are among them.
+[[nodiscard]] std::vector<Reading> partialReadings(const std::vector<QByteArray> &typed, const FoodIndex &index);
+
 } // namespace FoodQuery

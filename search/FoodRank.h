@@ -33,9 +33,13 @@ struct FoodRank {
         ElsewherePrefix
     };
 
+    static constexpr quint16 notOwn = 0xffff;
+
+    quint8 missing = 0; // terms that the name does not match, where none matches all
     bool forFew = false; // baby foods and one people's dishes last
     bool ofBrand = false; // then brands and stand-ins, all unless asked for
     Tier tier = Tier::ElsewherePrefix;
+    quint16 own = notOwn; // the person's own foods, the most useful one is 0; neither for few nor a stranger's brand
     quint8 prefixes = 0; // terms of which only a prefix match is there
     bool bySynonym = false;
     int weight = 0; // the inverse document frequencies of what was not asked for, see FoodIndex::VocabularyWord
@@ -43,7 +47,7 @@ struct FoodRank {
 
     auto operator<=>(const FoodRank &) const = default;
 
-    // Nothing when the reading does not find the name.
+    // Nothing when the reading does not find the name, though `mostmissing` of its terms may match no word of it.
     [[nodiscard]] static std::optional<FoodRank> of(
-        const FoodQuery::Reading &reading, const FoodIndex &index, int name);
+        const FoodQuery::Reading &reading, const FoodIndex &index, int name, quint16 own = notOwn, int mostmissing = 0);
 };

@@ -4,35 +4,24 @@
 #include "search/FoodSearch.h"
 
 #include "search/FoodLexicon.h"
-#include "search/FoodRank.h"
 #include "search/FoodWords.h"
+#include "search/QueryWords.h"
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace {
 
 using FoodQuery::Match;
 
 constexpr qsizetype longestquery = 512;
-constexpr std::size_t mostwords = 24;
-
-std::vector<QByteArray> wordsOf(const QString &query)
-{
-    std::vector<QByteArray> words;
-    for (const FoodWords::Token &word : FoodWords::tokenize(QStringView(query).left(longestquery))) {
-        if (words.size() < mostwords && std::find(words.begin(), words.end(), word.text) == words.end())
-            words.push_back(word.text);
-    }
-    return words;
-}
-
-// How many letters of the name the first letters of a word take, with the apostrophes among them.
+// How many letters of the name the first letters of a word take, with the marks among them.
 int lettersTaken(const QString &name, const FoodIndex::NameWord &word, qsizetype letters)
 {
     int taken = 0;
     for (; taken < word.length && letters > 0; ++taken) {
-        if (name[word.start + taken] != u'\'')
+        if (name[word.start + taken].isLetterOrNumber())
             --letters;
     }
     return taken;
@@ -50,56 +39,164 @@ void FoodSearch::prepare()
         index = std::make_unique<FoodIndex>(foodnames);
 }
 
+bool FoodSearch::isEmpty(const QString &query)
+{
+    return FoodWords::tokenize(QStringView(query).left(longestquery)).empty();
+}
+
+void FoodSearch::setOwnFoods(const QHash<int, float> &usefulness)
+{
+    std::vector<std::pair<float, int>> order;
+    for (auto food = usefulness.cbegin(); food != usefulness.cend(); ++food)
+        if (food.key() >= 0 && food.key() < foodnames.size())
+            order.emplace_back(-food.value(), food.key());
+    std::sort(order.begin(), order.end());
+    own.assign(order.empty() ? 0 : static_cast<std::size_t>(foodnames.size()), FoodRank::notOwn);
+    for (std::size_t i = 0; i < order.size(); ++i)
+        own[static_cast<std::size_t>(order[i].second)] = static_cast<quint16>(i);
+}
+
 const std::vector<int> &FoodSearch::search(const QString &query)
 {
-    readings.clear();
+    last = {};
     found.clear();
-    std::vector<QByteArray> words = wordsOf(query);
-    if (words.empty()) {
+    askedquantity.reset();
+    if (isEmpty(query)) {
         found.resize(static_cast<std::size_t>(foodnames.size()));
         std::iota(found.begin(), found.end(), 0);
         return found;
     }
     prepare();
-    readings = FoodQuery::readings(words, *index);
-    rankNames();
-    if (found.empty() && std::erase_if(words, FoodLexicon::isServing) > 0 && !words.empty()) {
-        readings = FoodQuery::readings(words, *index);
-        rankNames();
+    const QString text = query.left(longestquery);
+    const std::vector<FoodQuantity::Reading> quantities = FoodQuantity::readings(text);
+    const bool bare = !quantities.empty() && !quantities.front().number.isEmpty();
+    Answer whole;
+    if (quantities.empty() || bare)
+        whole = answerTo(text);
+    if (!bare || !isOfFood(quantities.front(), whole)) {
+        for (const FoodQuantity::Reading &reading : quantities) {
+            Answer answer = answerTo(reading.rest);
+            if (answer.ranks.empty())
+                continue;
+            askedquantity = reading.quantity;
+            whole = std::move(answer);
+            break;
+        }
     }
+    if (whole.ranks.empty() && !quantities.empty() && !bare)
+        whole = answerTo(text);
+    if (whole.ranks.empty()) {
+        whole = partialAnswerTo(quantities.empty() ? text : quantities.front().rest);
+        if (!whole.ranks.empty() && !quantities.empty())
+            askedquantity = quantities.front().quantity;
+    }
+    last = std::move(whole);
+    found.reserve(last.ranks.size());
+    for (const FoodRank &rank : last.ranks)
+        found.push_back(rank.name);
     return found;
 }
 
-void FoodSearch::rankNames()
+FoodSearch::Answer FoodSearch::answerTo(const QString &query) const
 {
-    std::vector<FoodRank> ranks;
-    for (int name = 0; name < foodnames.size(); ++name) {
-        std::optional<FoodRank> best;
-        for (const FoodQuery::Reading &reading : readings) {
-            const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name);
-            if (rank && (!best || *rank < *best))
-                best = rank;
+    std::vector<QByteArray> words = QueryWords::of(query);
+    Answer answer = rank(FoodQuery::readings(words, *index), false);
+    if (answer.ranks.empty() && std::erase_if(words, FoodLexicon::isServing) > 0 && !words.empty())
+        answer = rank(FoodQuery::readings(words, *index), false);
+    return answer;
+}
+
+// The names that match the most of the words, when none matches all.
+FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
+{
+    std::vector<QByteArray> words = QueryWords::of(query);
+    std::erase_if(words, FoodLexicon::isServing);
+    Answer answer;
+    if (words.size() > 1)
+        answer = rank(FoodQuery::partialReadings(words, *index), true);
+    const auto others = std::find_if(answer.ranks.begin(), answer.ranks.end(),
+        [&](const FoodRank &each) { return each.missing != answer.ranks.front().missing; });
+    answer.ranks.erase(others, answer.ranks.end());
+    return answer;
+}
+
+FoodSearch::Answer FoodSearch::rank(std::vector<FoodQuery::Reading> from, bool partial) const
+{
+    Answer answer;
+    answer.readings = std::move(from);
+    answer.partial = partial;
+    if (answer.readings.empty())
+        return answer;
+    for (int name = 0; name < foodnames.size(); ++name)
+        if (const std::optional<FoodRank> best = bestRank(answer, name))
+            answer.ranks.push_back(*best);
+    std::sort(answer.ranks.begin(), answer.ranks.end());
+    return answer;
+}
+
+// Whether some name that has all the words has the number beside the word that it stands beside in the query, or has a
+// number that is too large for a count of pieces.
+bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const Answer &whole) const
+{
+    constexpr double mostpieces = 12;
+    constexpr qsizetype shortestprefix = 3;
+    const auto &vocabulary = index->vocabulary();
+    const auto isNeighbour = [&](const QByteArray &word) {
+        return word == reading.neighbour
+            || (reading.neighbour.size() >= shortestprefix && word.startsWith(reading.neighbour));
+    };
+    return std::any_of(whole.ranks.begin(), whole.ranks.end(), [&](const FoodRank &rank) {
+        const FoodIndex::Name &name = index->names()[static_cast<std::size_t>(rank.name)];
+        const FoodIndex::NameWord *words = index->wordsOf(name);
+        for (int i = 0; i < name.count; ++i) {
+            if (vocabulary[words[i].word].text != reading.number)
+                continue;
+            const int beside = reading.neighbourAfter ? i + 1 : i - 1;
+            if (reading.quantity.count > mostpieces
+                || (beside >= 0 && beside < name.count && isNeighbour(vocabulary[words[beside].word].text)))
+                return true;
         }
-        if (best)
-            ranks.push_back(*best);
+        return false;
+    });
+}
+
+std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, const FoodQuery::Reading **by) const
+{
+    const quint16 usefulness = own.empty() ? FoodRank::notOwn : own[static_cast<std::size_t>(name)];
+    std::optional<FoodRank> best;
+    for (const FoodQuery::Reading &reading : answer.readings) {
+        const int mostmissing = answer.partial ? static_cast<int>(reading.terms.size()) - 1 : 0;
+        const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name, usefulness, mostmissing);
+        if (!rank || (best && !(*rank < *best)))
+            continue;
+        best = rank;
+        if (by != nullptr)
+            *by = &reading;
     }
-    std::sort(ranks.begin(), ranks.end());
-    found.reserve(ranks.size());
-    for (const FoodRank &rank : ranks)
-        found.push_back(rank.name);
+    return best;
+}
+
+QStringList FoodSearch::missingWords() const
+{
+    QStringList missing;
+    if (!last.partial || last.ranks.empty())
+        return missing;
+    const int name = last.ranks.front().name;
+    const FoodQuery::Reading *reading = nullptr;
+    (void)bestRank(last, name, &reading);
+    const FoodIndex::Name &entry = index->names()[static_cast<std::size_t>(name)];
+    const FoodIndex::NameWord *words = index->wordsOf(entry);
+    for (const FoodQuery::Term &term : reading->terms)
+        if (std::none_of(words, words + entry.count,
+                [&](const FoodIndex::NameWord &word) { return term.match(word) != Match::None; }))
+            missing << QString::fromLatin1(term.text.split('|').front());
+    return missing;
 }
 
 std::vector<FoodSearch::Letters> FoodSearch::matchedLetters(int name) const
 {
     const FoodQuery::Reading *reading = nullptr;
-    std::optional<FoodRank> best;
-    for (const FoodQuery::Reading &candidate : readings) {
-        const std::optional<FoodRank> rank = FoodRank::of(candidate, *index, name);
-        if (rank && (!best || *rank < *best)) {
-            best = rank;
-            reading = &candidate;
-        }
-    }
+    (void)bestRank(last, name, &reading);
     std::vector<Letters> letters;
     if (reading == nullptr)
         return letters;

@@ -4,12 +4,16 @@
 #pragma once
 
 #include "search/FoodIndex.h"
+#include "search/FoodQuantity.h"
 #include "search/FoodQuery.h"
+#include "search/FoodRank.h"
 
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 // Finds foods by what people type: every token of the query must be a prefix of a word of the name, in any order and
@@ -27,22 +31,50 @@ public:
 
     explicit FoodSearch(const QStringList &names);
 
+    // Whether the query has no letter and no digit, so that it asks for nothing.
+    [[nodiscard]] static bool isEmpty(const QString &query);
+
+    // The foods that the person logs, by index, and how useful each is to them, the more the larger. Such a food comes
+    // before the others of its tier (see FoodRank). The next query is the first that heeds it.
+    void setOwnFoods(const QHash<int, float> &usefulness);
+
     // Builds the index, which the first query would do otherwise.
     void prepare();
 
     // The indexes of the names that the query finds, the likeliest first; all of them in their own order when the query
     // holds no word. When no name holds all the words, those that tell only a helping ("a cup of tea") are left out.
+    // A quantity in the query ("3 eggs", "rice 150 g") is no word of it, unless the names say that it is ("100 grand").
     // Valid until the next query. Only the first 512 characters and the first 24 different words count.
     const std::vector<int> &search(const QString &query);
+
+    // How much of a food the last query asked for, if it did.
+    [[nodiscard]] const std::optional<FoodQuantity> &quantity() const { return askedquantity; }
+
+    // The words of the last query that its first hit lacks: none, unless no name holds all of them. Then the names that
+    // hold the most were found.
+    [[nodiscard]] QStringList missingWords() const;
 
     // The letters of a found name that the last query found it by, in ascending order and apart from each other.
     [[nodiscard]] std::vector<Letters> matchedLetters(int name) const;
 
 private:
-    void rankNames();
+    struct Answer {
+        std::vector<FoodQuery::Reading> readings;
+        std::vector<FoodRank> ranks; // the least first
+        bool partial = false;
+    };
+
+    [[nodiscard]] Answer answerTo(const QString &query) const;
+    [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
+    [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
+    [[nodiscard]] bool isOfFood(const FoodQuantity::Reading &reading, const Answer &whole) const;
+    [[nodiscard]] std::optional<FoodRank> bestRank(
+        const Answer &answer, int name, const FoodQuery::Reading **by = nullptr) const;
 
     QStringList foodnames;
     std::unique_ptr<FoodIndex> index;
-    std::vector<FoodQuery::Reading> readings; // of the last query
+    Answer last; // to the last query
     std::vector<int> found;
+    std::optional<FoodQuantity> askedquantity;
+    std::vector<quint16> own; // one a food, see FoodRank; empty without any
 };

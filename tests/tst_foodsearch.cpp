@@ -160,7 +160,8 @@ private slots:
         const std::vector<int> hits = search.search(QStringLiteral("egg"));
         QVERIFY(search.search(QStringLiteral("egg egg EGG")) == hits);
         // Nor does it use up the number of tokens that count.
-        QVERIFY(search.search(QStringLiteral("egg ").repeated(24) + QStringLiteral("xyzzyplugh")).empty());
+        QVERIFY(search.search(QStringLiteral("egg ").repeated(24) + QStringLiteral("xyzzyplugh")) == hits);
+        QCOMPARE(search.missingWords(), QStringList(QStringLiteral("xyzzyplugh")));
     }
 
     void accentsAreTakenAsPlainLetters()
@@ -288,9 +289,57 @@ private slots:
     void aQueryThatNoNameMatchesFindsNothing()
     {
         QVERIFY(search.search(QStringLiteral("xyzzyplugh")).empty());
-        QVERIFY(search.search(QStringLiteral("milk xyzzyplugh")).empty());
-        QVERIFY(search.search(QStringLiteral("butter tequila")).empty());
+        QVERIFY(search.search(QStringLiteral("xyzzyplugh frobnicate")).empty());
         QVERIFY(search.matchedLetters(0).empty());
+    }
+
+    void whereNoNameHasAllWordsThoseWithTheMostAreFound()
+    {
+        QCOMPARE(found(QStringLiteral("milk xyzzyplugh")), found(QStringLiteral("milk")));
+        QVERIFY(!search.search(QStringLiteral("milk xyzzyplugh")).empty());
+        QCOMPARE(search.missingWords(), QStringList(QStringLiteral("xyzzyplugh")));
+        QCOMPARE(found(QStringLiteral("xyzzyplugh butter salted")), found(QStringLiteral("butter salted")));
+        QVERIFY(!search.search(QStringLiteral("butter salted")).empty());
+        QVERIFY(search.missingWords().isEmpty());
+        // Each of the words is in some name, both in none.
+        QVERIFY(!search.search(QStringLiteral("butter tequila")).empty());
+        QCOMPARE(search.missingWords().size(), 1);
+    }
+
+    void aFoodOfOnesOwnComesFirstWithinItsTier()
+    {
+        const auto numberOf = [&](const char *name) { return static_cast<int>(names.indexOf(QLatin1String(name))); };
+        const int skim = numberOf("Milk, nonfat, fluid, with added vitamin A and vitamin D (fat free or skim)");
+        const int chips = numberOf("Snacks, potato chips, made from dried potatoes, reduced fat");
+        QVERIFY(skim >= 0 && chips >= 0);
+        const QString whole = found(QStringLiteral("milk")).value(0);
+        FoodSearch mine(names);
+        mine.setOwnFoods({{skim, 0.5F}, {chips, 4.0F}});
+        QCOMPARE(mine.search(QStringLiteral("milk")).front(), skim);
+        QCOMPARE(names[mine.search(QStringLiteral("milk"))[1]], whole);
+        // Chips are no potato, however many of them one eats.
+        QVERIFY(mine.search(QStringLiteral("potato")).front() != chips);
+        mine.setOwnFoods({});
+        QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
+        mine.setOwnFoods({{-1, 1.0F}, {static_cast<int>(names.size()), 1.0F}});
+        QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
+    }
+
+    void theMoreUsefulOfTwoFoodsOfOnesOwnComesFirst()
+    {
+        FoodSearch few({QStringLiteral("Rye"), QStringLiteral("Rye, old"), QStringLiteral("Rye, new")});
+        few.setOwnFoods({{1, 1.0F}, {2, 2.0F}});
+        QVERIFY((few.search(QStringLiteral("rye")) == std::vector<int>{2, 1, 0}));
+        few.setOwnFoods({{1, 2.0F}, {2, 1.0F}});
+        QVERIFY((few.search(QStringLiteral("rye")) == std::vector<int>{1, 2, 0}));
+    }
+
+    void aQueryWithoutALetterOrADigitIsEmpty()
+    {
+        for (const char *query : {"", " ", ",", "%", "- / &", "\u00b0"})
+            QVERIFY2(FoodSearch::isEmpty(QString::fromUtf8(query)), query);
+        for (const char *query : {"a", "7", " ,x"})
+            QVERIFY2(!FoodSearch::isEmpty(QString::fromUtf8(query)), query);
     }
 
     void hostileQueriesGiveValidHitsAndLetters_data()

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#include "catalog/FoodCatalogue.h"
+#include "model/Composition.h"
+#include "platform/Bundle.h"
+#include "platform/NumberText.h"
+#include "search/FoodPortion.h"
+#include "search/FoodSearch.h"
+
+#include <QFile>
+#include <QtTest>
+
+#include <algorithm>
+#include <vector>
+
+class FoodQuantityTest final : public QObject {
+    Q_OBJECT
+
+private:
+    const QStringList names = FoodCatalogue::foodNames();
+    FoodSearch search{names};
+
+    static std::vector<FoodUnit> unitsOf(const QString &food)
+    {
+        Composition composition;
+        (void)composition.read(food);
+        std::vector<FoodUnit> units;
+        for (const QString &title : composition.unitTitles())
+            units.push_back({title, composition.gramsOfUnit(title).value_or(0.0F)});
+        return units;
+    }
+
+    // "2 x 1 cup, 488.00 g"; "g" for a food that has nothing to measure the quantity by, "-" without a quantity.
+    QString portionText(const QString &food) const
+    {
+        if (!search.quantity())
+            return QStringLiteral("-");
+        const std::vector<FoodUnit> units = unitsOf(food);
+        const FoodPortion portion = FoodPortion::of(*search.quantity(), units);
+        if (!portion.fits)
+            return QStringLiteral("nothing fits");
+        return QStringLiteral("%1 x %2, %3 g")
+            .arg(NumberText::fixed(double(NumberText::floatValue(portion.amount)), 2),
+                units[static_cast<std::size_t>(portion.unit)].title, NumberText::fixed(double(portion.grams), 2));
+    }
+
+    static QRegularExpression pattern(const QString &text)
+    {
+        const QString escaped = QRegularExpression::escape(text).replace(QLatin1String("\\*"), QLatin1String(".*"));
+        return QRegularExpression(QRegularExpression::anchoredPattern(escaped));
+    }
+
+private slots:
+    void initTestCase() { Bundle::mainBundle().setResourcePath(QStringLiteral(SOURCE_DIR "/resources")); }
+
+    void aQuantityInTheQueryIsMeasuredInTheFood_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("food");
+        QTest::addColumn<QString>("portion");
+
+        QFile file(QStringLiteral(DATA_DIR "/quantities.tsv"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+            if (line.startsWith(u'#'))
+                continue;
+            const QStringList fields = line.split(u'\t');
+            QCOMPARE(fields.size(), 3);
+            QTest::newRow(qPrintable(fields[0])) << fields[0] << fields[1] << fields[2];
+        }
+    }
+
+    void aQuantityInTheQueryIsMeasuredInTheFood()
+    {
+        QFETCH(QString, query);
+        QFETCH(QString, food);
+
+        std::vector<int> hits = search.search(query);
+        hits.resize(std::min<std::size_t>(hits.size(), 5));
+        QStringList first;
+        for (const int hit : hits)
+            first << names[hit];
+        const qsizetype at = first.indexOf(pattern(food));
+        QVERIFY2(at >= 0, qPrintable(first.join(u'\n')));
+        QTEST(portionText(first[at]), "portion");
+    }
+
+    // Whoever types the amount into the cell gets the same float, and so the same weight to the bit.
+    void theAmountAsTextIsTheAmountThatWasWeighed()
+    {
+        const std::vector<FoodUnit> units{{QStringLiteral("g"), 1.0F}, {QStringLiteral("1 cup"), 245.0F}};
+        for (int third = 1; third < 300; ++third) {
+            FoodQuantity quantity;
+            quantity.count = third / 3.0;
+            quantity.unit = MeasureText::unitAt(MeasureText::tokenize(u"cup"), 0)->unit;
+            const FoodPortion portion = FoodPortion::of(quantity, units);
+            QCOMPARE(portion.unit, 1);
+            QCOMPARE(NumberText::floatValue(portion.amount) * 245.0F, portion.grams);
+        }
+    }
+
+    void massesAreConvertedExactly_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<float>("grams");
+        QTest::newRow("an ounce") << QStringLiteral("1 oz milk") << 28.349523125F;
+        QTest::newRow("a pound") << QStringLiteral("1 lb milk") << 453.59237F;
+        QTest::newRow("a kilogram") << QStringLiteral("1kg milk") << 1000.0F;
+        QTest::newRow("half a pound") << QStringLiteral("half a pound of milk") << 226.796185F;
+    }
+
+    void massesAreConvertedExactly()
+    {
+        QFETCH(QString, query);
+        QVERIFY(!search.search(query).empty());
+        QVERIFY(search.quantity());
+        const FoodPortion portion = FoodPortion::of(*search.quantity(), unitsOf(names[search.search(query).front()]));
+        QCOMPARE(portion.unit, 0);
+        QTEST(portion.grams, "grams");
+        QCOMPARE(NumberText::floatValue(portion.amount), portion.grams);
+    }
+};
+
+QTEST_APPLESS_MAIN(FoodQuantityTest)
+#include "tst_foodquantity.moc"
