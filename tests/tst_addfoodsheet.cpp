@@ -393,7 +393,7 @@ private slots:
         open();
         type("banana");
         press(Qt::Key_Return, Qt::ControlModifier);
-        type("cheddar");
+        press(Qt::Key_Down);
         auto *cancel = find<QAbstractButton>("cancelbutton");
         if (how == QLatin1String("field")) {
             press(Qt::Key_Escape);
@@ -410,6 +410,49 @@ private slots:
         }
         QVERIFY(!sheet->isVisible());
         QCOMPARE(added, QList<QStringList>{{}});
+    }
+
+    void whileSomethingIsTypedEscClearsItFirst_data()
+    {
+        QTest::addColumn<QString>("where");
+        for (const char *name : {"searchfield", "foodlist", "cancelbutton"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void whileSomethingIsTypedEscClearsItFirst()
+    {
+        QFETCH(QString, where);
+        open();
+        type("cheddar");
+        sheet->findChild<QWidget *>(where)->setFocus();
+        press(Qt::Key_Escape);
+        QVERIFY(sheet->isVisible());
+        QVERIFY(field()->text().isEmpty());
+        QVERIFY(field()->hasFocus());
+        press(Qt::Key_Escape);
+        QVERIFY(!sheet->isVisible());
+    }
+
+    void theListToBeAddedOutlivesACancellingAndNoAdding()
+    {
+        open();
+        for (const char *query : {"banana", "cheddar"}) {
+            type(query);
+            press(Qt::Key_Return, Qt::ControlModifier);
+        }
+        for (int time = 0; time < 2; ++time) {
+            press(Qt::Key_Escape);
+            QCOMPARE(added.last(), QStringList());
+            QCOMPARE(sheet->countOfFoodsLeft(), 2);
+            open();
+            QCOMPARE(kept(), QStringList({banana, cheddar}));
+        }
+        press(Qt::Key_Return);
+        QCOMPARE(added.last(), QStringList({banana, cheddar}));
+        QCOMPARE(sheet->countOfFoodsLeft(), 0);
+        sheet->reject(); // which finds the sheet closed
+        open();
+        QCOMPARE(kept(), QStringList());
     }
 
     void theSheetIsClosedByItsOwnerAlone()

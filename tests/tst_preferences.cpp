@@ -227,6 +227,7 @@ private slots:
         run->controller.rdas[60] = 9.0F;
         QCOMPARE(shownEnergy(), QStringLiteral("100 %"));
         click("resetbutton");
+        click("resetbutton");
         QCOMPARE(run->controller.rdainput->text(), QStringLiteral("2000.00"));
         QCOMPARE(run->controller.rdalabel->text(), QStringLiteral("kcal"));
         for (std::size_t i = 0; i < 61; ++i)
@@ -239,15 +240,107 @@ private slots:
     void resettingDoesNotWriteTheStore()
     {
         click("resetbutton");
+        click("resetbutton");
         QVERIFY(!run->store.objectForKey(QStringLiteral("RDAs")).isValid());
         type(QStringLiteral("7"));
         click("setbutton");
         QVERIFY(!run->store.objectForKey(QStringLiteral("RDAs")).isValid());
     }
 
-    void anRDATypedButNotSetIsDiscarded()
+    void anRDATypedIsSetWhenThePersonGoesOn_data()
+    {
+        QTest::addColumn<QString>("to");
+        QTest::newRow("the next control, by Tab") << QStringLiteral("Tab");
+        QTest::newRow("another nutrient, by the mouse") << QStringLiteral("nutrient");
+        QTest::newRow("a setting, by the mouse") << QStringLiteral("rememberdate");
+        QTest::newRow("Close, by the mouse") << QStringLiteral("closebutton");
+        QTest::newRow("Close, by its letter") << QStringLiteral("letter");
+        QTest::newRow("Close, by Return on it") << QStringLiteral("Return");
+        QTest::newRow("the title bar's button") << QStringLiteral("title");
+        QTest::newRow("the end of the program, whose save comes next") << QStringLiteral("end");
+    }
+
+    void anRDATypedIsSetWhenThePersonGoesOn()
+    {
+        QFETCH(QString, to);
+        QDialog *sheet = run->controller.preferences;
+        for (const bool composed : {false, true}) {
+            run->controller.showPrefs();
+            QTRY_COMPARE(QApplication::activeWindow(), sheet);
+            run->controller.rdamenu->setCurrentIndex(31);
+            run->controller.RDAtick();
+            run->controller.rdainput->setFocus();
+            type(QStringLiteral("77"));
+            if (composed)
+                compose(QStringLiteral("5"));
+            if (to == QStringLiteral("Tab")) {
+                QTest::keyClick(run->controller.rdainput, Qt::Key_Tab);
+                QVERIFY(!run->controller.rdainput->hasFocus());
+            } else if (to == QStringLiteral("nutrient")) {
+                QTest::mouseClick(run->controller.rdamenu, Qt::LeftButton);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+                QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+                QCOMPARE(run->controller.rdamenu->currentIndex(), 32);
+            } else if (to == QStringLiteral("letter")) {
+                QTest::keyClick(run->controller.rdainput, Qt::Key_C, Qt::AltModifier);
+                QTRY_VERIFY(!sheet->isVisible());
+            } else if (to == QStringLiteral("Return")) {
+                auto *button = sheet->findChild<QAbstractButton *>(QStringLiteral("closebutton"));
+                for (int tab = 0; tab < 10 && !button->hasFocus(); ++tab)
+                    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+                QTest::keyClick(button, Qt::Key_Return);
+                QVERIFY(!sheet->isVisible());
+            } else if (to == QStringLiteral("title")) {
+                sheet->close();
+            } else if (to == QStringLiteral("end")) {
+                run->interface->endEditing();
+            } else {
+                click(to.toLatin1().constData());
+            }
+            QCOMPARE(run->controller.rdas[31], composed ? 775.0F : 77.0F);
+            QCOMPARE(run->controller.rdas[32], float(NutrientCatalogue::defaultRDAs()[32]));
+        }
+    }
+
+    void goingOnFromAnUntouchedFieldSetsNothing()
+    {
+        run->controller.rdas[0] = 0.4166667F; // of which the field shows 0.42
+        run->controller.RDAtick();
+        run->controller.rdainput->setFocus();
+        QTest::keyClick(run->controller.rdainput, Qt::Key_Tab);
+        click("setbutton");
+        click("closebutton");
+        QCOMPARE(run->controller.rdas[0], 0.4166667F);
+    }
+
+    void resettingAsksFirstAndForgetsTheQuestionWhenTheFocusLeaves()
+    {
+        auto *button = run->controller.preferences->findChild<QAbstractButton *>(QStringLiteral("resetbutton"));
+        const QString text = button->text();
+        run->controller.rdas[60] = 9.0F;
+        QTest::keyClick(run->controller.rdainput, Qt::Key_D, Qt::AltModifier);
+        QTRY_COMPARE(button->text(), QStringLiteral("Reset all 61 &allowances?"));
+        QVERIFY(button->hasFocus());
+        QTest::keyClick(button, Qt::Key_Tab);
+        QCOMPARE(button->text(), text);
+        click("resetbutton");
+        click("closebutton");
+        QCOMPARE(button->text(), text);
+        QCOMPARE(run->controller.rdas[60], 9.0F);
+        run->controller.showPrefs();
+        QTRY_COMPARE(QApplication::activeWindow(), run->controller.preferences);
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Return);
+        QCOMPARE(run->controller.rdas[60], 9.0F);
+        QTest::keyClick(button, Qt::Key_Return);
+        QCOMPARE(run->controller.rdas[60], 0.0F);
+        QCOMPARE(button->text(), text);
+    }
+
+    void anRDATypedIsDiscardedByEscAlone()
     {
         type(QStringLiteral("777"));
+        compose(QStringLiteral("7"));
         QTest::keyClick(run->controller.rdainput, Qt::Key_Escape);
         QVERIFY(!run->controller.preferences->isVisible());
         QCOMPARE(run->controller.rdas[0], 2000.0F);

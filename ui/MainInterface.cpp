@@ -10,6 +10,7 @@
 #include "platform/UserDefaults.h"
 #include "ui/OtherDay.h"
 #include "ui/PreferencesSheet.h"
+#include "ui/SheetSize.h"
 #include "ui/WindowState.h"
 #include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
@@ -55,6 +56,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     , window(std::make_unique<QMainWindow>())
     , preferences(new PreferencesSheet(window.get()))
     , addview(new AddFoodSheet(window.get()))
+    , addviewsize(new SheetSize(addview, SettingsKeys::AddFoodSheetSize))
 {
     main->setupUi(window.get());
     prefs->setupUi(preferences);
@@ -66,6 +68,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     main->splitter->setStretchFactor(0, 3);
     main->splitter->setStretchFactor(1, 2);
     connectFields();
+    connectDay();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectOtherDay();
@@ -79,8 +82,9 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
 
 MainInterface::~MainInterface()
 {
-    // A window that goes while it is shown sends a date that was half typed; by then nobody is to hear of it.
-    disconnect(main->datepicker, nullptr, this, nullptr);
+    // A window that goes while it is shown sends a date or an RDA that was half typed; by then nobody is to hear of it.
+    for (QWidget *field : std::initializer_list<QWidget *>{main->datepicker, prefs->rdainput})
+        disconnect(field, nullptr, this, nullptr);
 }
 
 void MainInterface::makeTables()
@@ -182,6 +186,7 @@ void MainInterface::connectCommands()
     connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
         const int former = controller.numberOfRowsInTableView(main->logtable);
         controller.addSelectedFoods();
+        showFoodsLeft();
         main->logtable->setFocus();
         const int rows = controller.numberOfRowsInTableView(main->logtable);
         if (rows > former) // a number typed next is the amount of the food added last
@@ -218,23 +223,34 @@ void MainInterface::connectOtherDay()
 void MainInterface::connectPreferences()
 {
     connect(prefs->rdamenu, &QComboBox::activated, this, [this] { controller.RDAtick(); });
-    const auto set = [this] {
-        prefs->rdainput->commitComposition();
-        controller.setRDA();
-    };
-    connect(prefs->rdainput, &QLineEdit::returnPressed, this, set);
-    connect(prefs->setbutton, &QAbstractButton::clicked, this, set);
-    connect(prefs->resetbutton, &QAbstractButton::clicked, this, [this] { controller.RDAreset(); });
-    connect(prefs->closebutton, &QAbstractButton::clicked, this, [this] { controller.hidePrefs(); });
-    connect(preferences, &PreferencesSheet::hidePrefs, this, [this] { controller.hidePrefs(); });
+    connect(prefs->rdainput, &QLineEdit::editingFinished, this, &MainInterface::setTypedRDA);
+    connect(prefs->setbutton, &QAbstractButton::clicked, this, &MainInterface::setTypedRDA);
+    connect(prefs->resetbutton, &ConfirmButton::confirmed, this, [this] { controller.RDAreset(); });
+    connect(prefs->closebutton, &QAbstractButton::clicked, preferences, &PreferencesSheet::hidePrefs);
+    connect(preferences, &PreferencesSheet::discardTyped, this, [this] {
+        prefs->rdainput->dropComposition();
+        prefs->rdainput->setModified(false);
+    });
+    connect(preferences, &PreferencesSheet::hidePrefs, this, [this] {
+        setTypedRDA();
+        controller.hidePrefs();
+    });
     connect(preferences, &QDialog::finished, this, [this] {
-        controller.RDAtick(); // what was typed and not set is discarded
+        controller.RDAtick(); // in the place of what was discarded
         controller.updateNutrients(); // a reset shows now
     });
     connectSetting(prefs->recalculateamount, SettingsKeys::RecalculateAmount);
     connectSetting(prefs->rememberdate, SettingsKeys::RememberDate);
     for (QCheckBox *box : {main->usep, prefs->prefsusep})
         connect(box, &QAbstractButton::clicked, this, &MainInterface::setUseP);
+}
+
+void MainInterface::setTypedRDA()
+{
+    prefs->rdainput->commitComposition();
+    // A field that was only looked at keeps an allowance of more digits than it shows.
+    if (prefs->rdainput->isModified())
+        controller.setRDA();
 }
 
 void MainInterface::connectSetting(QCheckBox *box, const QString &key)
@@ -259,6 +275,15 @@ void MainInterface::showSettings()
     prefs->prefsusep->setChecked(percentages);
     prefs->recalculateamount->setChecked(store.boolForKey(SettingsKeys::RecalculateAmount));
     prefs->rememberdate->setChecked(store.boolForKey(SettingsKeys::RememberDate));
+}
+
+void MainInterface::showFoodsLeft()
+{
+    const auto count = addview->countOfFoodsLeft();
+    const QString text = tr("Add foods to this day (Ctrl+N)");
+    main->addfoodbutton->setToolTip(count == 0 ? text
+            : count == 1                       ? text + tr("\n1 food is on the list to be added")
+                                               : text + tr("\n%1 foods are on the list to be added").arg(count));
 }
 
 void MainInterface::showKept()
@@ -300,17 +325,21 @@ void MainInterface::endEditing()
 {
     main->logtable->endEditing();
     main->datepicker->discardTyped();
+    setTypedRDA();
 }
 
 void MainInterface::saveWindowState(UserDefaults &store) const
 {
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
+    addviewsize->save(store);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Close)
         endEditing();
+    if (event->type() == QEvent::WindowActivate)
+        showDay(); // left open past midnight, it is another day's
     return QObject::eventFilter(watched, event);
 }

@@ -12,6 +12,7 @@
 class AddFoodSheet;
 class AppDelegate;
 class OtherDay;
+class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
@@ -57,6 +58,17 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // ui/MainInterfaceDay.cpp
+    void connectDay();
+    // The weekday, how far from today, and the window's title.
+    void showDay();
+    // The main sums of what the nutrient table shows.
+    void showTotals();
+
+    // Sets the allowance that was typed and not set, if one was: before anything else is done in the preferences.
+    void setTypedRDA();
+    // Says on the button how many foods wait on the sheet's list.
+    void showFoodsLeft();
     // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
     void showKept();
 
@@ -70,5 +82,6 @@ private:
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday;
+    SheetSize *addviewsize;
     InputGuard inputguard;
 };

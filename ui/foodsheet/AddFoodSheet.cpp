@@ -14,6 +14,7 @@
 #include <QToolButton>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -112,6 +113,8 @@ void AddFoodSheet::open()
     if (!ui)
         makeControls();
     controller.clearSelection();
+    for (const QString &name : std::exchange(foodsleft, {}))
+        controller.addFoodToBeAdded(name);
     showFoodsToBeAdded();
     if (ui->searchfield->text().isEmpty())
         search({});
@@ -223,12 +226,19 @@ void AddFoodSheet::accept()
 
 void AddFoodSheet::reject()
 {
+    if (isVisible())
+        foodsleft = controller.foodsToBeAdded();
     controller.clearSelection();
     emit addSelectedFoods();
 }
 
 void AddFoodSheet::keyPressEvent(QKeyEvent *event)
 {
+    if (event->matches(QKeySequence::Cancel) && !ui->searchfield->text().isEmpty()) {
+        ui->searchfield->clear();
+        ui->searchfield->setFocus();
+        return;
+    }
     if (!isEnter(*event)) {
         QDialog::keyPressEvent(event); // Esc
         return;

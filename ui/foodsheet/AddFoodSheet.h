@@ -22,8 +22,9 @@ class AddFoodSheet;
 // the next food, so that a whole meal goes in at once.
 //
 // However it is closed, the sheet sends addSelectedFoods() and waits for its owner to close it by done(): Cancel, Esc
-// and the title bar's button only empty the selection first. What was typed and chosen is forgotten when the sheet
-// opens, not when it closes, for the owner asks what was chosen after closing it.
+// and the title bar's button only empty the selection first. While something is typed, Esc clears it and nothing else.
+// What was typed and chosen is forgotten when the sheet opens, not when it closes, for the owner asks what was chosen
+// after closing it. The list "To be added" is there again after a cancelling: it took time to make.
 //
 // The controls are made when the sheet first opens: a program that is only looked at never needs them, and until then
 // the sheet is a dialog with nothing in it.
@@ -40,6 +41,9 @@ public:
 
     // The foods of the day's log, which are marked: adding them again changes nothing. To be set before it opens.
     void setFoodsInLog(const QStringList &names) { foodsinlog = names; }
+
+    // How many foods wait on the list "To be added" of the closed sheet.
+    [[nodiscard]] qsizetype countOfFoodsLeft() const { return foodsleft.size(); }
 
     void open() override;
     void accept() override; // sends addSelectedFoods()
@@ -68,6 +72,7 @@ private:
 
     ArrayController controller;
     QStringList foodsinlog;
+    QStringList foodsleft; // to be added, when the sheet was cancelled; back on the list when it opens
     std::unique_ptr<Ui::AddFoodSheet> ui;
     FoodListModel *foods = nullptr;
     QLabel *nohitslabel = nullptr; // in the place of the list's rows
