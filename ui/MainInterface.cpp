@@ -5,6 +5,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/SettingsKeys.h"
+#include "platform/LocalDay.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/PreferencesSheet.h"
@@ -126,10 +127,12 @@ void MainInterface::connectFields()
     controller.rdalabel = prefs->rdalabel;
 }
 
-void MainInterface::connectCommand(QAction *action, Operation operation)
+void MainInterface::connectCommand(QAction *action, Operation operation, const std::function<void()> &first)
 {
-    connect(action, &QAction::triggered, this, [this, operation] {
+    connect(action, &QAction::triggered, this, [this, operation, first] {
         endEditing();
+        if (first)
+            first();
         std::invoke(operation, controller);
         showKept();
     });
@@ -143,13 +146,16 @@ void MainInterface::connectCommands()
         main->datepicker->interpretText();
         controller.addFood();
     });
-    connectCommand(main->actioncut, &AppDelegate::cut);
-    connectCommand(main->actioncopy, &AppDelegate::copy);
+    const auto selectframed = [this] { selectFramedRow(); };
+    connectCommand(main->actioncut, &AppDelegate::cut, selectframed);
+    connectCommand(main->actioncopy, &AppDelegate::copy, selectframed);
     connectCommand(main->actionpaste, &AppDelegate::paste);
-    connectCommand(main->actionremove, &AppDelegate::removeSelected);
-    connectCommand(main->actionpreviousday, &AppDelegate::previousDay);
-    connectCommand(main->actionnextday, &AppDelegate::nextDay);
-    connectCommand(main->actiontoday, &AppDelegate::today);
+    connectCommand(main->actionremove, &AppDelegate::removeSelected, selectframed);
+    connectCommand(main->actionpreviousday, &AppDelegate::previousDay,
+        [this] { leaveDayFor(LocalDay::dayBefore(controller.curdate)); });
+    connectCommand(
+        main->actionnextday, &AppDelegate::nextDay, [this] { leaveDayFor(LocalDay::dayAfter(controller.curdate)); });
+    connectCommand(main->actiontoday, &AppDelegate::today, [this] { leaveDayFor(controller.now()); });
     connectCommand(main->actionpreferences, &AppDelegate::showPrefs);
     connect(main->actionselectall, &QAction::triggered, this, [this] {
         endEditing();
@@ -172,6 +178,7 @@ void MainInterface::connectCommands()
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         main->logtable->endEditing();
+        leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
         showKept();
     });
@@ -179,9 +186,7 @@ void MainInterface::connectCommands()
         const int former = controller.numberOfRowsInTableView(main->logtable);
         controller.addSelectedFoods();
         main->logtable->setFocus();
-        const int rows = controller.numberOfRowsInTableView(main->logtable);
-        if (rows > former) // a number typed next is the amount of the food added last
-            main->logtable->setCurrentRow(rows - 1);
+        frameAddedFood(former);
         showKept();
     });
     connect(main->keptbutton, &QAbstractButton::clicked, this, [this] {
@@ -192,6 +197,33 @@ void MainInterface::connectCommands()
     });
     // An amount edit leaves the nutrient table as it is; a person expects fresh figures.
     connect(main->logtable, &TableView::editingEnded, this, [this] { controller.updateNutrients(); });
+}
+
+void MainInterface::leaveDayFor(const QDateTime &next)
+{
+    if (LocalDay::key(next) != LocalDay::key(controller.curdate))
+        main->logtable->deselectAll();
+}
+
+void MainInterface::selectFramedRow()
+{
+    TableView *log = main->logtable;
+    const int row = log->currentIndex().row();
+    if (row >= 0 && window->focusWidget() == log && log->selectedRowIndexes().isEmpty())
+        log->selectRowIndexes({row});
+}
+
+void MainInterface::frameAddedFood(int formerrows)
+{
+    const int rows = controller.numberOfRowsInTableView(main->logtable);
+    const QStringList chosen = controller.foodlistcontroller->selectedObjects();
+    int row = rows > formerrows ? rows - 1 : -1;
+    for (int i = 0; row < 0 && !chosen.isEmpty() && i < rows; ++i) {
+        if (controller.foods[static_cast<std::size_t>(i)]->name() == chosen.constLast())
+            row = i;
+    }
+    if (row >= 0)
+        main->logtable->setCurrentRow(row);
 }
 
 void MainInterface::connectPreferences()
