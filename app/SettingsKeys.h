@@ -22,5 +22,6 @@ inline const QString LastDate = QStringLiteral("LastDate");
 inline const QString RDAs = QStringLiteral("RDAs");
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
+inline const QString HistorySize = QStringLiteral("HistorySize");
 
 } // namespace SettingsKeys

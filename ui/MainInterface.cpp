@@ -10,6 +10,7 @@
 #include "ui/PreferencesSheet.h"
 #include "ui/WindowState.h"
 #include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/historysheet/HistorySheet.h"
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/TextFieldCellRDA.h"
 #include "ui_MainWindow.h"
@@ -159,6 +160,7 @@ void MainInterface::connectCommands()
         endEditing();
         main->logtable->deselectAll();
     });
+    connect(main->actionhistory, &QAction::triggered, this, [this] { openHistory(main->actionquit); });
     connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
 
     const std::pair<QAbstractButton *, QAction *> buttons[] = {
@@ -285,6 +287,8 @@ void MainInterface::saveWindowState(UserDefaults &store) const
 {
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
+    if (history != nullptr)
+        store.setObject(QVariantList{qint64(history->width()), qint64(history->height())}, SettingsKeys::HistorySize);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)

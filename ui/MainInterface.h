@@ -3,14 +3,17 @@
 
 #pragma once
 
+#include "history/DayReader.h"
 #include "ui/InputGuard.h"
 
 #include <QObject>
 
 #include <memory>
+#include <optional>
 
 class AddFoodSheet;
 class AppDelegate;
+class HistorySheet;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
@@ -58,6 +61,11 @@ private:
     // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
     void showKept();
 
+    // ui/History.cpp
+    void openHistory(QAction *quit);
+    void makeHistory(QAction *quit);
+    [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
+
     // Sends the operation when the action is chosen, after endEditing().
     void connectCommand(QAction *action, Operation operation);
 
@@ -67,5 +75,6 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    HistorySheet *history = nullptr; // until it is first opened
     InputGuard inputguard;
 };
