@@ -69,7 +69,7 @@ void CourseChart::layOut()
     const double line = metrics.height();
     const double top = margin + line + margin; // the legend
     const double bottom = height() - margin - line - margin;
-    const int steps = std::max(1, static_cast<int>((bottom - top) / (2.5 * line)));
+    const int steps = std::clamp(static_cast<int>((bottom - top) / (2.5 * line)), 1, 8);
     axis = ChartAxis::over(low, high, steps);
     double right = width() - margin - metrics.averageCharWidth();
     if (hasAllowance()) {

@@ -10,13 +10,12 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
 
 namespace {
-
-constexpr int wide = 1000; // from here on the table stands beside the chart, and not above it
 
 struct ShownLength {
     const char *title;
@@ -35,6 +34,16 @@ QString loggedOf(std::size_t logged, const History::Period &days)
 {
     return days.days() == 1 ? HistorySheet::tr("%1 of 1 day logged").arg(logged)
                             : HistorySheet::tr("%1 of %2 days logged").arg(logged).arg(days.days());
+}
+
+// A line ends before a number, not between it and its unit.
+QString unbroken(QString sentence)
+{
+    for (qsizetype i = 1; i < sentence.size(); ++i) {
+        if (sentence[i] == u' ' && sentence[i - 1].isDigit())
+            sentence[i] = QChar::Nbsp;
+    }
+    return sentence;
 }
 
 bool isEnter(const QKeyEvent &event)
@@ -75,6 +84,10 @@ void HistorySheet::makeControls()
     }
     ui->sources->setPlaceholderText(tr("No food of this period gave any of it."));
     ui->chart->setEmptyText(tr("No day of this period is logged."));
+    figureswidth = ui->figures->horizontalHeader()->length() + ui->figures->verticalScrollBar()->sizeHint().width();
+    ui->splitter->setSizes({std::min(figureswidth + 40, width() / 2), width() - figureswidth});
+    ui->splitter->setStretchFactor(0, 0);
+    ui->splitter->setStretchFactor(1, 1);
     ui->figures->horizontalHeader()->setSectionsClickable(true);
     ui->figures->horizontalHeader()->setSortIndicatorShown(true);
     fillOrders();
@@ -85,7 +98,7 @@ void HistorySheet::makeControls()
 void HistorySheet::fillOrders()
 {
     const QAbstractItemModel &columns = *ui->figures->model();
-    ui->orderbox->addItem(tr("As in the log's table"));
+    ui->orderbox->addItem(tr("As in the window"));
     ui->orderbox->addItem(tr("The other way round"));
     for (int column = 1; column < columns.columnCount(); ++column) {
         const QString title = columns.headerData(column, Qt::Horizontal).toString();
@@ -260,8 +273,9 @@ void HistorySheet::showNutrient()
     ui->chart->setAccessibleName(tr("Course of %1").arg(name));
     ui->year->setYear(History::year(days, nutrient, allowance), allowance > 0.0F);
     ui->year->setAccessibleName(tr("%1 in the year %2").arg(name).arg(period.last.year()));
-    ui->summarylabel->setText(figures ? HistoryText::summary(nutrient, (*figures)[i], allowance, period.last)
-                                      : tr("No day of this period is logged."));
+    QString summary = figures ? HistoryText::summary(nutrient, (*figures)[i], allowance, period.last)
+                              : tr("No day of this period is logged.");
+    ui->summarylabel->setText(unbroken(std::move(summary)));
     daystable.setNutrient(nutrient, allowance);
     ui->days->setAccessibleName(tr("Days with %1").arg(name));
     ui->days->reloadData();
@@ -297,7 +311,7 @@ void HistorySheet::showCursor()
     const History::Day *logged = days.on(cursor);
     const double figure = logged != nullptr ? double(logged->sums[std::size_t(nutrient)]) : 0.0;
     const QString sentence = daySentence(cursor) + groupSentence(cursor);
-    ui->cursorlabel->setText(sentence);
+    ui->cursorlabel->setText(unbroken(sentence));
     ui->chart->setCurrentDay(cursor, sentence, figure);
     ui->year->setCurrentDay(cursor, daySentence(cursor), figure);
     const int row = daystable.rowOfDay(cursor);
@@ -377,6 +391,8 @@ void HistorySheet::keyPressEvent(QKeyEvent *event)
 // A table would take Esc for its selection, which here only says whose course is shown.
 bool HistorySheet::eventFilter(QObject *watched, QEvent *event)
 {
+    if (event->type() == QEvent::Resize && watched == ui->figures)
+        fitColumns();
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         reject();
         return true;
@@ -384,9 +400,10 @@ bool HistorySheet::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-void HistorySheet::resizeEvent(QResizeEvent *event)
+// In a narrow table what the summary says too makes room for the name, the mean and the bar.
+void HistorySheet::fitColumns()
 {
-    QDialog::resizeEvent(event);
-    if (ui)
-        ui->splitter->setOrientation(width() >= wide ? Qt::Horizontal : Qt::Vertical);
+    constexpr int spare[] = {2, 3, 4};
+    for (const int column : spare)
+        ui->figures->setColumnHidden(column, ui->figures->width() < figureswidth);
 }

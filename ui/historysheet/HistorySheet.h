@@ -52,12 +52,12 @@ signals:
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void makeControls();
     void connectControls();
     void fillOrders();
+    void fitColumns();
     void orderByColumn(int column);
     [[nodiscard]] std::optional<History::Length> chosenLength() const;
     [[nodiscard]] QDate lastDay() const; // yesterday or today
@@ -87,6 +87,7 @@ private:
     int nutrient = 0;
     QDate cursor;
     bool showssources = false; // those of the present nutrient and days
+    int figureswidth = 0; // of the table with all its columns
     FiguresTable figurestable;
     SourcesTable sourcestable;
     UnknownSourcesTable unknowntable;

@@ -51,7 +51,7 @@ void addColumn(TableView &table, const QString &identifier, const QString &title
 // The last column takes the bars, and what room there is unless a food's name wants it.
 void addBars(TableView &table, const QString &title)
 {
-    addColumn(table, Percent, title, QStringLiteral("1000 %"), std::make_unique<TextFieldCellRDA>());
+    addColumn(table, Percent, title, QStringLiteral("10000000 %"), std::make_unique<TextFieldCellRDA>());
 }
 
 void stretch(TableView &table, int column)
@@ -91,14 +91,16 @@ const std::array<QString, 6> FiguresTable::columns{Name, Mean, Lowest, Highest, 
 
 void FiguresTable::makeColumns(TableView &table)
 {
-    addColumn(table, Name, tr("Nutrient"), QStringLiteral("Fatty acids, total monounsaturated"), std::make_unique<TableCell>(), false);
+    const QStringList &names = NutrientCatalogue::names();
+    const QString longest = *std::max_element(names.begin(), names.end(),
+        [](const QString &one, const QString &other) { return one.size() < other.size(); });
+    addColumn(table, Name, tr("Nutrient"), longest, std::make_unique<TableCell>(), false);
     addColumn(table, Mean, tr("Mean"), QStringLiteral("\u2265 10000.00 kcal"));
     addColumn(table, Lowest, tr("Lowest"), QStringLiteral("1000.00"));
     addColumn(table, Highest, tr("Highest"), QStringLiteral("1000.00"));
     addColumn(table, Known, tr("Known"), QStringLiteral("100 %"));
     addBars(table, tr("% of RDA"));
     stretch(table, -1);
-    table.setStartsBlock({});
 }
 
 void FiguresTable::setFigures(

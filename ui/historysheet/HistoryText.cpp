@@ -71,5 +71,6 @@ QString HistoryText::summary(
     text += tr("; lowest %1 on %2, highest %3 on %4")
                 .arg(amount(double(figures.lowest), unit), shortDay(figures.lowestday, beside),
                     amount(double(figures.highest), unit), shortDay(figures.highestday, beside));
-    return text + tr("; known for %1 of the energy").arg(percent(figures.knownshare));
+    constexpr double all = 0.995; // reads as 100 %
+    return figures.knownshare < all ? text + tr("; known for %1 of the energy").arg(percent(figures.knownshare)) : text;
 }

@@ -23,7 +23,7 @@ constexpr double largestcell = 16.0;
 YearView::YearView(QWidget *parent)
     : DayView(parent)
 {
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
 }
 
 void YearView::setYear(const History::Year &shown, bool withallowance)
@@ -33,11 +33,18 @@ void YearView::setYear(const History::Year &shown, bool withallowance)
     update();
 }
 
+// As large as the width allows.
+void YearView::resizeEvent(QResizeEvent *event)
+{
+    DayView::resizeEvent(event);
+    setFixedHeight(sizeOfCells(cellSize()).height());
+}
+
 // The names of the months above the cells, the legend below them.
 QSize YearView::sizeOfCells(double cell) const
 {
     const double lines = 2.0 * fontMetrics().height() + 3.0 * margin;
-    return {static_cast<int>(53 * cell + 2 * margin), static_cast<int>(weekdays * cell + lines)};
+    return {static_cast<int>(54 * cell + 2 * margin), static_cast<int>(weekdays * cell + lines)};
 }
 
 QSize YearView::sizeHint() const
@@ -52,9 +59,7 @@ QSize YearView::minimumSizeHint() const
 
 double YearView::cellSize() const
 {
-    const double across = (width() - 2 * margin) / year.weeks;
-    const double down = (height() - 2.0 * fontMetrics().height() - 3.0 * margin) / weekdays;
-    return std::clamp(std::floor(std::min(across, down)), smallestcell, largestcell);
+    return std::clamp(std::floor((width() - 2 * margin) / 54), smallestcell, largestcell);
 }
 
 QRectF YearView::cellArea(QDate day) const

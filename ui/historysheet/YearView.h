@@ -28,6 +28,7 @@ protected:
     [[nodiscard]] QDate dayAfterKey(int key) const override;
     [[nodiscard]] QDate dayAt(QPointF place) const override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     [[nodiscard]] double cellSize() const;
