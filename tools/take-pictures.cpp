@@ -8,8 +8,8 @@
 #include "app/AppDelegate.h"
 #include "platform/UserDefaults.h"
 #include "tools/PictureDays.h"
-#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/MainInterface.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/historysheet/HistorySheet.h"
 #include "ui/table/TableView.h"
 

@@ -37,8 +37,8 @@ void MainInterface::openHistory(QAction *quit)
     if (history == nullptr)
         makeHistory(quit);
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    history->openWith({std::make_unique<History::DayReader>(store), shownDay(), controller.rdas,
-        LocalDay::dateOf(controller.now())});
+    history->openWith(
+        {std::make_unique<History::DayReader>(store), shownDay(), controller.rdas, LocalDay::dateOf(controller.now())});
 }
 
 std::optional<History::ShownDay> MainInterface::shownDay() const

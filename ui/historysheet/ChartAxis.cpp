@@ -53,8 +53,7 @@ QString ChartAxis::label(double mark) const
     if (largest > widest || step < narrowest) {
         const int power = static_cast<int>(std::floor(std::log10(largest)));
         const double fraction = mark / std::pow(10.0, power);
-        return mark == 0.0 ? QStringLiteral("0")
-                           : NumberText::fixed(fraction, 1) + u'e' + QString::number(power);
+        return mark == 0.0 ? QStringLiteral("0") : NumberText::fixed(fraction, 1) + u'e' + QString::number(power);
     }
     return NumberText::fixed(mark, std::max(0, static_cast<int>(-std::floor(std::log10(step)))));
 }

@@ -118,7 +118,7 @@ QDate CourseChart::dayAfterKey(int key) const
     // By a week, or to the same day of the bar before or after.
     const auto byGroup = [&](int direction) {
         return content.course.grouping == History::Grouping::Month ? from.addMonths(direction)
-                                                                    : from.addDays(7 * direction);
+                                                                   : from.addDays(7 * direction);
     };
     switch (key) {
     case Qt::Key_Left:

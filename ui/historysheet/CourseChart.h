@@ -8,8 +8,8 @@
 #include "ui/historysheet/DayView.h"
 
 // The course of one nutrient over a period: bars from zero, a mark under the axis where no day is logged, a dashed line
-// at the allowance, and the mean of seven days as a line that is broken where too few of them are logged. The axis is in
-// the nutrient's unit, and in percent at the right where there is an allowance. What bars and lines are can be told
+// at the allowance, and the mean of seven days as a line that is broken where too few of them are logged. The axis is
+// in the nutrient's unit, and in percent at the right where there is an allowance. What bars and lines are can be told
 // without colour; the colours are the palette's, and none says that much is bad.
 //
 // Painted by hand: a chart library is larger than the rest of the sheet and says nothing to a screen reader.

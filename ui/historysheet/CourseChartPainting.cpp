@@ -88,7 +88,8 @@ void CourseChart::paintDates(QPainter &painter) const
     const bool withyear = content.period.days() > 400;
     const QString format = withyear ? QStringLiteral("MMM yyyy") : QStringLiteral("d MMM");
     const double slot = plot.width() / double(bars.size());
-    const double room = fontMetrics().horizontalAdvance(withyear ? QStringLiteral("MMM 0000M") : QStringLiteral("00 MMMM"));
+    const double room
+        = fontMetrics().horizontalAdvance(withyear ? QStringLiteral("MMM 0000M") : QStringLiteral("00 MMMM"));
     auto each = static_cast<std::size_t>(std::max(1.0, std::ceil(room / slot)));
     if (withyear && content.course.grouping == History::Grouping::Week)
         each = std::max(each, std::size_t(5)); // a month is named once

@@ -8,6 +8,7 @@
 
 #include "ui_HistorySheet.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -85,7 +86,7 @@ void HistorySheet::makeControls()
     ui->sources->setPlaceholderText(tr("No food of this period gave any of it."));
     ui->chart->setEmptyText(tr("No day of this period is logged."));
     figureswidth = ui->figures->horizontalHeader()->length() + ui->figures->verticalScrollBar()->sizeHint().width();
-    ui->splitter->setSizes({std::min(figureswidth + 40, width() / 2), width() - figureswidth});
+    ui->splitter->setSizes({std::min(figureswidth + 20, width() * 11 / 20), width() - figureswidth});
     ui->splitter->setStretchFactor(0, 0);
     ui->splitter->setStretchFactor(1, 1);
     ui->figures->horizontalHeader()->setSectionsClickable(true);
@@ -112,8 +113,16 @@ void HistorySheet::connectControls()
 {
     connect(ui->lengthbox, &QComboBox::activated, this, &HistorySheet::startPeriod);
     connect(ui->withtoday, &QAbstractButton::clicked, this, &HistorySheet::startPeriod);
-    connect(ui->earlierbutton, &QAbstractButton::clicked, this, [this] { stepPeriod(false); });
-    connect(ui->laterbutton, &QAbstractButton::clicked, this, [this] { stepPeriod(true); });
+    // Not the buttons' own shortcuts, which press the button first and click it a moment later.
+    const auto step = [this](QAbstractButton *button, const QString &title, const QKeySequence &key, bool later) {
+        auto *action = new QAction(title, this);
+        action->setShortcut(key);
+        addAction(action);
+        connect(action, &QAction::triggered, this, [this, later] { stepPeriod(later); });
+        connect(button, &QAbstractButton::clicked, action, &QAction::trigger);
+    };
+    step(ui->earlierbutton, tr("Earlier Period"), QKeySequence(Qt::ALT | Qt::Key_Left), false);
+    step(ui->laterbutton, tr("Later Period"), QKeySequence(Qt::ALT | Qt::Key_Right), true);
     connect(ui->leaveout, &QAbstractButton::clicked, this, &HistorySheet::showDays);
     connect(ui->orderbox, &QComboBox::activated, this, [this](int index) {
         figurestable.setOrder({FiguresTable::columns[std::size_t(index / 2)], index % 2 != 0});
@@ -129,8 +138,8 @@ void HistorySheet::connectControls()
             if (current.isValid() && figurestable.nutrientOfRow(current.row()) != nutrient)
                 chooseNutrient(figurestable.nutrientOfRow(current.row()));
         });
-    connect(ui->days->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-        [this](const QModelIndex &current) {
+    connect(
+        ui->days->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
             if (current.isValid() && ui->days->hasFocus())
                 moveCursor(daystable.dayOfRow(current.row()));
         });
@@ -194,8 +203,11 @@ QDate HistorySheet::lastDay() const
     return last.isValid() ? last : from.today;
 }
 
+// Also asked for by a box whose letter was pressed right before the sheet was closed: the click comes later.
 void HistorySheet::startPeriod()
 {
+    if (!from.reader)
+        return;
     if (const std::optional<History::Length> length = chosenLength())
         period = History::periodUpTo(lastDay(), *length);
     readPeriod();
@@ -204,7 +216,7 @@ void HistorySheet::startPeriod()
 void HistorySheet::stepPeriod(bool later)
 {
     const std::optional<History::Length> length = chosenLength();
-    if (!length)
+    if (!length || (later && !ui->laterbutton->isEnabled()))
         return;
     period = later ? History::after(period, *length) : History::before(period, *length);
     readPeriod();
@@ -221,6 +233,8 @@ void HistorySheet::readPeriod()
 
 void HistorySheet::showDays()
 {
+    if (!from.reader)
+        return;
     const QList<QDate> incomplete = History::incompleteDays(read);
     days = ui->leaveout->isChecked() ? read.without(incomplete) : read;
     figures = History::figures(days, from.allowances);
@@ -361,7 +375,7 @@ QDate HistorySheet::dayToOpen() const
     const QModelIndex current = table != nullptr ? table->currentIndex() : QModelIndex();
     if (!current.isValid() || table == ui->figures)
         return {};
-    return table == ui->days ? daystable.dayOfRow(current.row())
+    return table == ui->days   ? daystable.dayOfRow(current.row())
         : table == ui->sources ? sourcestable.lastDayOfRow(current.row())
                                : unknowntable.lastDayOfRow(current.row());
 }

@@ -51,7 +51,7 @@ void addColumn(TableView &table, const QString &identifier, const QString &title
 // The last column takes the bars, and what room there is unless a food's name wants it.
 void addBars(TableView &table, const QString &title)
 {
-    addColumn(table, Percent, title, QStringLiteral("10000000 %"), std::make_unique<TextFieldCellRDA>());
+    addColumn(table, Percent, title, QStringLiteral("10000 %"), std::make_unique<TextFieldCellRDA>());
 }
 
 void stretch(TableView &table, int column)
@@ -92,8 +92,8 @@ const std::array<QString, 6> FiguresTable::columns{Name, Mean, Lowest, Highest, 
 void FiguresTable::makeColumns(TableView &table)
 {
     const QStringList &names = NutrientCatalogue::names();
-    const QString longest = *std::max_element(names.begin(), names.end(),
-        [](const QString &one, const QString &other) { return one.size() < other.size(); });
+    const QString longest = *std::max_element(
+        names.begin(), names.end(), [](const QString &one, const QString &other) { return one.size() < other.size(); });
     addColumn(table, Name, tr("Nutrient"), longest, std::make_unique<TableCell>(), false);
     addColumn(table, Mean, tr("Mean"), QStringLiteral("\u2265 10000.00 kcal"));
     addColumn(table, Lowest, tr("Lowest"), QStringLiteral("1000.00"));
@@ -103,8 +103,7 @@ void FiguresTable::makeColumns(TableView &table)
     stretch(table, -1);
 }
 
-void FiguresTable::setFigures(
-    const std::optional<History::Table> &shown, const History::Allowances &rdas, QDate last)
+void FiguresTable::setFigures(const std::optional<History::Table> &shown, const History::Allowances &rdas, QDate last)
 {
     figures = shown;
     allowances = rdas;

@@ -61,8 +61,7 @@ QString HistoryText::mean(const History::NutrientFigures &figures, const QString
     return figures.isLowerBound() ? QStringLiteral("\u2265 ") + text : text;
 }
 
-QString HistoryText::summary(
-    int nutrient, const History::NutrientFigures &figures, float allowance, QDate beside)
+QString HistoryText::summary(int nutrient, const History::NutrientFigures &figures, float allowance, QDate beside)
 {
     const QString &unit = NutrientCatalogue::units()[nutrient];
     QString text = tr("%1: mean of a logged day %2").arg(NutrientCatalogue::names()[nutrient], mean(figures, unit));

@@ -73,7 +73,7 @@ QRectF YearView::cellArea(QDate day) const
 QColor YearView::shade(int step) const
 {
     return Shades::between(palette().color(QPalette::Base), palette().color(QPalette::Highlight),
-        0.2 + 0.8 * step / (History::steps - 1));
+        0.28 + 0.72 * step / (History::steps - 1));
 }
 
 QDate YearView::dayAfterKey(int key) const
