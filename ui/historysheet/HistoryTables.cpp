@@ -69,7 +69,7 @@ void prepareBar(TableCell &cell, const std::optional<double> &ratio)
 
 QVariant percentOf(const std::optional<double> &ratio)
 {
-    return ratio ? HistoryText::percent(*ratio) : QString();
+    return ratio ? HistoryText::percent(*ratio) : QStringLiteral("\u2013"); // an empty cell would say nothing at all
 }
 
 QString nameOf(const std::optional<QString> &food)
