@@ -25,5 +25,6 @@ inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
 // Only where the person chose another than the usual one.
 inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
+inline const QString HistorySize = QStringLiteral("HistorySize");
 
 } // namespace SettingsKeys

@@ -17,7 +17,7 @@ from pyatspi import Atspi
 PATIENCE = 10  # seconds for any one answer; the machine may be busy
 
 # Titles, as regular expressions: the main window's names the day.
-MAIN, ADD, PREFERENCES = ".* - Provender", "Add food", "Preferences"
+MAIN, ADD, PREFERENCES, HISTORY = ".* - Provender", "Add food", "Preferences", "History"
 MILK = "Milk, whole, 3.25% milkfat, with added vitamin D"
 EGG = "Egg, whole, raw, fresh"
 BANANA = "Bananas, raw"
@@ -30,7 +30,9 @@ SPEAKING = {
     pyatspi.ROLE_TREE_ITEM, pyatspi.ROLE_LABEL, pyatspi.ROLE_TOGGLE_BUTTON,
 }
 CELLS = {pyatspi.ROLE_TABLE_CELL, pyatspi.ROLE_LIST_ITEM, pyatspi.ROLE_TREE_ITEM, pyatspi.ROLE_MENU_ITEM,
-         pyatspi.ROLE_TABLE_COLUMN_HEADER, pyatspi.ROLE_TABLE_ROW_HEADER}
+         pyatspi.ROLE_TABLE_COLUMN_HEADER, pyatspi.ROLE_TABLE_ROW_HEADER,
+         # The widget with the tabs has the keyboard and speaks for them; the chosen tab says always that it has it.
+         pyatspi.ROLE_PAGE_TAB, pyatspi.ROLE_PAGE_TAB_LIST}
 
 
 LONG = {pyatspi.ROLE_TABLE, pyatspi.ROLE_LIST, pyatspi.ROLE_TREE}
@@ -175,8 +177,8 @@ def last_heard(role):
 
 
 class Table:
-    def __init__(self, program, name):
-        self.node = program.named(MAIN, name, pyatspi.ROLE_TABLE)
+    def __init__(self, program, name, title=MAIN):
+        self.node = program.named(title, name, pyatspi.ROLE_TABLE)
 
     def cell(self, row, column):
         return self.node.queryTable().getAccessibleAt(row, column)
@@ -339,6 +341,49 @@ def switch_to_amounts_and_back(program, nutrients):
     expect("energy as a percentage", percentage, lambda: nutrients.cell(0, 1).name)
 
 
+def says(node, *parts):
+    """The node's sentence, once it has these parts."""
+    return until(f"{parts} in the description of {node.name!r}",
+                 lambda: all(part in node.description for part in parts) and node.description)
+
+
+def look_back(program, entries):
+    """Mean, course, sources and days of vitamin C, of which today alone is known."""
+    program.open(HISTORY, "ctrl+h")
+    program.named(HISTORY, "No day of this period is logged.", pyatspi.ROLE_LABEL)
+    go_to(program, HISTORY, "With today")
+    press("space")
+    until("1 logged day", lambda: any(node.name.replace("\u00a0", " ").endswith(": 1 of 30 days logged")
+                                      for node in walk(program.window(HISTORY), 1)))
+    check_names(program, HISTORY)
+    check_tab(program, HISTORY)
+    means = Table(program, "Means of the nutrients", HISTORY)
+    row = means.row_of("Vitamin C")
+    mean, percentage = means.rows()[row][1], means.rows()[row][-1]
+    sentence = says(means.cell(row, 1), "Vitamin C: mean of a logged day " + mean, "of the RDA (120.00 mg)")
+    if f", {percentage} of the RDA" not in sentence:
+        raise Failure(f"The mean of {percentage} says {sentence!r}")
+
+    go_to(program, HISTORY, "Means of the nutrients")
+    press("Home", *["Down"] * row)
+    chart = program.named(HISTORY, "Course of Vitamin C", pyatspi.ROLE_CHART)
+    go_to(program, HISTORY, "Course of Vitamin C")
+    press("End")
+    says(chart, ": " + mean)
+    expect("the chart's value", mean, lambda: f"{chart.queryValue().currentValue:.2f} mg")
+    press("Left")
+    says(chart, ": not logged")
+
+    press("alt+f")
+    sources = Table(program, "Foods that gave Vitamin C", HISTORY)
+    expect("where it came from", [BANANA], lambda: [cells[0] for cells in sources.rows()])
+    press("alt+d")
+    days = Table(program, "Days with Vitamin C", HISTORY)
+    expect("the logged days", [[str(len(entries)), mean]], lambda: [[cells[1], cells[3]] for cells in days.rows()])
+    go_to(program, HISTORY, "Days with Vitamin C")
+    program.close(HISTORY, "Return")
+
+
 def first_day(path):
     program = Program(path)
     try:
@@ -387,6 +432,8 @@ def found_again(path, day, entries):
         press("alt+Right")
         until("the next day", lambda: text_of(program.named(MAIN, "Day shown")) != day)
         check_day(program, log, nutrients, entries)
+        look_back(program, entries)
+        expect("the day chosen in the history", day, lambda: text_of(program.named(MAIN, "Day shown")))
         program.quit()
     finally:
         program.kill()

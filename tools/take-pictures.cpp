@@ -7,9 +7,11 @@
 
 #include "app/AppDelegate.h"
 #include "platform/UserDefaults.h"
+#include "tools/PictureDays.h"
 #include "ui/MainInterface.h"
 #include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/historysheet/HistorySheet.h"
 #include "ui/table/TableView.h"
 
 #include <QAction>
@@ -20,6 +22,8 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPalette>
+#include <QScrollBar>
+#include <QTabWidget>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -167,6 +171,38 @@ void takeSheets(Day &day, Pictures &pictures)
     day.hidePrefs();
 }
 
+// Vitamin C in the history, as large as the window, small and large, and the foods and days.
+void takeHistory(Day &day, Pictures &pictures, const QString &name, bool all)
+{
+    day.window->findChild<QAction *>(QStringLiteral("actionhistory"))->trigger();
+    auto &sheet = *day.window->findChild<HistorySheet *>();
+    Pictures::settle();
+    auto &figures = *sheet.findChild<TableView *>(QStringLiteral("figures"));
+    for (int row = 0; row < 21; ++row)
+        Pictures::press(*sheet.focusWidget(), Qt::Key_Down, QString());
+    figures.verticalScrollBar()->setValue(0);
+    pictures.take(sheet, name);
+    if (!all)
+        return;
+    auto &tabs = *sheet.findChild<QTabWidget *>(QStringLiteral("tabs"));
+    for (int tab = 1; tab < tabs.count(); ++tab) {
+        tabs.setCurrentIndex(tab);
+        pictures.take(sheet, name + u'-' + QString::number(tab));
+    }
+    tabs.setCurrentIndex(0);
+    auto &lengths = *sheet.findChild<QComboBox *>(QStringLiteral("lengthbox"));
+    for (const int length : {0, 3, 4}) {
+        lengths.setCurrentIndex(length);
+        emit lengths.activated(length);
+        pictures.take(sheet, name + QStringLiteral("-length-") + QString::number(length));
+    }
+    sheet.resize(800, 500);
+    pictures.take(sheet, name + QStringLiteral("-small"));
+    sheet.resize(1920, 1080);
+    pictures.take(sheet, name + QStringLiteral("-wide"));
+    sheet.reject();
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -192,6 +228,7 @@ int main(int argc, char **argv)
         Pictures pictures(arguments[1]);
         if (kind == QStringLiteral("day"))
             pictures.take(*day.window, QStringLiteral("empty"));
+        storePictureDays(store, QDate(2026, 5, 10));
         if (!day.eat()) {
             std::fputs("take-pictures: a food of the day lacks its unit\n", stderr);
             return 1;
@@ -206,11 +243,13 @@ int main(int argc, char **argv)
             interface.show();
             day.updateNutrients();
             takeSheets(day, pictures);
+            takeHistory(day, pictures, QStringLiteral("history"), true);
             day.window->resize(800, 500);
             pictures.take(*day.window, QStringLiteral("small"));
         } else {
             pictures.take(*day.window, kind);
             takeOtherDay(day, pictures, QStringLiteral("another-day-") + kind);
+            takeHistory(day, pictures, QStringLiteral("history-") + kind, kind == QStringLiteral("dark"));
         }
         status = pictures.allSaved() ? 0 : 1;
     }

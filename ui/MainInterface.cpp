@@ -14,6 +14,7 @@
 #include "ui/WindowState.h"
 #include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/historysheet/HistorySheet.h"
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/TextFieldCellRDA.h"
 #include "ui_MainWindow.h"
@@ -173,6 +174,7 @@ void MainInterface::connectCommands()
         endEditing();
         main->logtable->deselectAll();
     });
+    connect(main->actionhistory, &QAction::triggered, this, [this] { openHistory(main->actionquit); });
     connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
 
     const std::pair<QAbstractButton *, QAction *> buttons[] = {
@@ -360,6 +362,8 @@ void MainInterface::saveWindowState(UserDefaults &store) const
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
     addviewsize->save(store);
+    if (history != nullptr)
+        store.setObject(QVariantList{qint64(history->width()), qint64(history->height())}, SettingsKeys::HistorySize);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)

@@ -3,15 +3,18 @@
 
 #pragma once
 
+#include "history/DayReader.h"
 #include "ui/InputGuard.h"
 
 #include <QObject>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class AddFoodSheet;
 class AppDelegate;
+class HistorySheet;
 class OtherDay;
 class SheetSize;
 class QAction;
@@ -91,6 +94,11 @@ private:
     // that the log had already.
     void frameAddedFood(int formerrows);
 
+    // ui/History.cpp
+    void openHistory(QAction *quit);
+    void makeHistory(QAction *quit);
+    [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
+
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
@@ -99,5 +107,6 @@ private:
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday;
     SheetSize *addviewsize;
+    HistorySheet *history = nullptr; // until it is first opened
     InputGuard inputguard;
 };
