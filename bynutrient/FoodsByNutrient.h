@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 // Which foods have much of a nutrient, as a knowledgeable friend would say it: first what one has eaten, then the
