@@ -18,17 +18,15 @@ constexpr int sameShelf = 12; // or there would be nothing but fish
 
 // A row's place before its amount counts. What holds nothing of it comes after what does, and both before what nobody
 // eats as it is.
+enum Group { Everyday, Further, HoldsNothing, NotAsSuch, NotAsSuchAndNothing };
+
 int groupOf(Standing::Rank rank, bool holdssome)
 {
-    switch (rank) {
-    case Standing::Rank::Everyday:
-        return holdssome ? 0 : 2;
-    case Standing::Rank::Further:
-        return holdssome ? 1 : 2;
-    case Standing::Rank::NotAsSuch:
-        break;
-    }
-    return holdssome ? 3 : 4;
+    if (rank == Standing::Rank::NotAsSuch)
+        return holdssome ? NotAsSuch : NotAsSuchAndNothing;
+    if (!holdssome)
+        return HoldsNothing;
+    return rank == Standing::Rank::Everyday ? Everyday : Further;
 }
 
 } // namespace
@@ -84,7 +82,7 @@ void FoodsByNutrient::rank(int nutrient, Basis basis)
     orderedbasis = basis;
 }
 
-// The first rows with what is too much of one food taken out and put after them.
+// The first rows with what is too much of one food taken out and put after them, but before what holds nothing.
 std::vector<FoodsByNutrient::Ranked> FoodsByNutrient::spread(const std::vector<Ranked> &foods) const
 {
     std::unordered_map<int, int> offood;
@@ -92,13 +90,13 @@ std::vector<FoodsByNutrient::Ranked> FoodsByNutrient::spread(const std::vector<R
     std::unordered_set<int> dishes;
     std::vector<Ranked> first;
     std::vector<Ranked> further;
-    std::size_t next = 0;
-    for (; next < foods.size() && first.size() < firstRows; ++next) {
-        const Standing::Food &keys = standing->of(foods[next].food);
+    auto next = foods.begin();
+    for (; next != foods.end() && next->group < HoldsNothing && first.size() < firstRows; ++next) {
+        const Standing::Food &keys = standing->of(next->food);
         const bool onshelf = keys.shelf != 0;
         const bool enough = offood[keys.food] >= (onshelf ? sameKind : sameFood)
             || (onshelf && ofshelf[keys.shelf] >= sameShelf) || dishes.contains(keys.dish);
-        (enough ? further : first).push_back(foods[next]);
+        (enough ? further : first).push_back(*next);
         if (enough)
             continue;
         ++offood[keys.food];
@@ -106,7 +104,7 @@ std::vector<FoodsByNutrient::Ranked> FoodsByNutrient::spread(const std::vector<R
         dishes.insert(keys.dish);
     }
     first.insert(first.end(), further.begin(), further.end());
-    first.insert(first.end(), foods.begin() + static_cast<std::ptrdiff_t>(next), foods.end());
+    first.insert(first.end(), next, foods.end());
     return first;
 }
 

@@ -4,9 +4,6 @@
 #include "bynutrient/Standing.h"
 
 #include "bynutrient/NamePattern.h"
-#include "search/FoodLexicon.h"
-
-#include <QByteArray>
 
 #include <algorithm>
 #include <iterator>
@@ -67,6 +64,12 @@ constexpr RankedPattern patterns[] = {
     {"bockwurst", Rank::Further},
     {"macaroni and cheese loaf", Rank::Further},
     {"ham and cheese loaf", Rank::Further},
+    {"*heavy syrup", Rank::Further},
+    {"*light syrup", Rank::Further},
+    {"*frozen, *sweetened", Rank::Further},
+    {"*canned, sweetened", Rank::Further},
+    {"rhubarb, frozen", Rank::Further},
+    {"*pickled, canned", Rank::Further},
     {"fish, shad", Rank::Further},
     {"fish, milkfish", Rank::Further},
     {"fish, spot", Rank::Further},
@@ -518,6 +521,14 @@ std::string dishOf(const std::vector<std::string_view> &parts)
     return dish;
 }
 
+// Whose second part is the food. Fewer than the search has: soda of every taste is one food to who asks for sugar.
+bool isShelf(std::string_view head)
+{
+    static constexpr std::string_view shelves[]
+        = {"alcoholic beverage", "cereals", "crustaceans", "fish", "mollusks", "nuts", "seeds"};
+    return std::find(std::begin(shelves), std::end(shelves), head) != std::end(shelves);
+}
+
 Keys keysOf(std::string_view name)
 {
     const std::string plain = withoutBrackets(name);
@@ -527,8 +538,7 @@ Keys keysOf(std::string_view name)
     keys.food = head;
     const std::optional<std::string_view> cut = cutOf(name);
     keys.dish = dishOf(parts);
-    if (FoodLexicon::isShelf(QByteArray::fromStdString(head == "cereals ready-to-eat" ? "cereals" : head))
-        && parts.size() > 1) {
+    if (parts.size() > 1 && isShelf(head)) {
         std::string_view kind = parts[1].substr(0, parts[1].find(' '));
         kind.remove_suffix(kind.ends_with('s') ? 1 : 0);
         keys.shelf = head;
