@@ -70,6 +70,32 @@ constexpr RankedPattern patterns[] = {
     {"*canned, sweetened", Rank::Further},
     {"rhubarb, frozen", Rank::Further},
     {"*pickled, canned", Rank::Further},
+    {"adobo fresco", Rank::NotAsSuch},
+    {"jellyfish", Rank::Further},
+    {"chicken, skin", Rank::NotAsSuch},
+    {"milk, filled", Rank::Further},
+    {"milk, imitation", Rank::Further},
+    {"nuts, formulated", Rank::Further},
+    {"oil, nutmeg", Rank::Further},
+    {"oil, ucuhuba", Rank::Further},
+    {"oil, cupu", Rank::Further},
+    {"oil, babassu", Rank::Further},
+    {"oil, sheanut", Rank::Further},
+    {"oil, teaseed", Rank::Further},
+    {"oil, tomatoseed", Rank::Further},
+    {"alcoholic beverage, wine, cooking", Rank::NotAsSuch},
+    {"puff pastry", Rank::NotAsSuch},
+    {"phyllo", Rank::NotAsSuch},
+    {"pie crust", Rank::NotAsSuch},
+    {"wonton", Rank::NotAsSuch},
+    {"arrowroot", Rank::NotAsSuch},
+    {"cassava, raw", Rank::NotAsSuch},
+    {"yautia", Rank::Further},
+    {"yam, raw", Rank::NotAsSuch},
+    {"guavas, strawberry", Rank::Further},
+    {"broccoli, leaves", Rank::Further},
+    {"eppaw", Rank::NotAsSuch},
+    {"plantains, raw", Rank::NotAsSuch},
     {"fish, shad", Rank::Further},
     {"fish, milkfish", Rank::Further},
     {"fish, spot", Rank::Further},
@@ -114,7 +140,6 @@ constexpr RankedPattern patterns[] = {
     {"fish, cisco", Rank::Further},
     {"milk, *low sodium", Rank::Further},
     {"milk shakes", Rank::Further},
-    {"salad dressing", Rank::Everyday},
     {"*variety meats and by-products, liver", Rank::Everyday},
     {"milk, sheep", Rank::Further},
     {"milk, indian", Rank::Further},
@@ -409,16 +434,17 @@ bool fitsOneOf(std::string_view name, const std::string_view *first, const std::
     return std::any_of(first, last, [name](std::string_view each) { return NamePattern::matches(each, name); });
 }
 
-// Whether the food is what one buys to cook or to dissolve. Of what only ever comes raw, raw is how it is eaten.
+// Whether the food is what one buys to cook or to dissolve. Of what only ever comes raw, raw is how it is eaten; dried
+// fruit is sold uncooked and eaten so.
 bool isBeforeCooking(std::string_view name, bool hascookedkin)
 {
-    const bool unready = hasWord(name, "uncooked unprepared unheated unpopped undiluted") || name.ends_with(", dry")
-        || name.ends_with(", dry form") || NamePattern::matches("*dry mix", name)
-        || NamePattern::matches("*not reconst", name);
+    const bool uncooked = hasWord(name, "uncooked unprepared unheated unpopped undiluted") && !hasWord(name, "dried");
+    const bool dry = name.ends_with(", dry") || name.ends_with(", dry form") || NamePattern::matches("*dry mix", name)
+        || NamePattern::matches("*not reconst", name) || hasWord(NamePattern::head(name), "flour");
     const bool raw = NamePattern::matches("*raw", name)
         && (hascookedkin
             || hasWord(name, "beef pork chicken turkey poultry sausage bockwurst bratwurst frankfurter chorizo goat"));
-    return (unready || raw) && !fitsOneOf(name, std::begin(eatenRaw), std::end(eatenRaw));
+    return uncooked || dry || (raw && !fitsOneOf(name, std::begin(eatenRaw), std::end(eatenRaw)));
 }
 
 // Brands are printed in capitals: "GREEN GIANT" is one although "green" is a word like any other.
