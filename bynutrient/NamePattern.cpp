@@ -21,6 +21,25 @@ std::size_t findPiece(std::string_view name, std::string_view piece, std::size_t
     return place;
 }
 
+constexpr std::size_t letters = 26;
+
+// A letter's number, all other characters' last.
+std::size_t numberOf(char letter)
+{
+    return letter >= 'a' && letter <= 'z' ? static_cast<std::size_t>(letter - 'a') : letters;
+}
+
+// A bit for each letter that stands after a character of a kind.
+template <typename Before>
+std::uint32_t initialsOf(std::string_view text, Before before)
+{
+    std::uint32_t initials = 0;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (numberOf(text[i]) < letters && (i == 0 ? before(' ') : before(text[i - 1])))
+            initials |= 1U << numberOf(text[i]);
+    return initials;
+}
+
 } // namespace
 
 std::string NamePattern::lowerCase(const QString &name)
@@ -60,4 +79,24 @@ bool NamePattern::hasWord(std::string_view name, std::string_view words)
 std::string_view NamePattern::head(std::string_view name)
 {
     return name.substr(0, name.find(','));
+}
+
+NamePattern::Table::Table(const std::vector<std::string_view> &patterns)
+{
+    for (std::size_t place = 0; place < patterns.size(); ++place) {
+        const std::string_view pattern = patterns[place];
+        const Entry entry{place, pattern, initialsOf(pattern, [](char before) { return before == '*'; })};
+        for (std::size_t first = 0; first < byfirst.size(); ++first)
+            if (pattern.front() == '*' || numberOf(pattern.front()) == first)
+                byfirst[first].push_back(entry);
+    }
+}
+
+std::optional<std::size_t> NamePattern::Table::find(std::string_view name) const
+{
+    const std::uint32_t initials = initialsOf(name, [](char before) { return !isWordLetter(before); });
+    for (const Entry &entry : byfirst[name.empty() ? letters : numberOf(name.front())])
+        if ((entry.initials & ~initials) == 0 && matches(entry.pattern, name))
+            return entry.place;
+    return std::nullopt;
 }

@@ -13,6 +13,7 @@
 #include <cmath>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 namespace {
 
@@ -460,9 +461,14 @@ constexpr float helpingOfMeat = 85.0F; // three ounces, cooked
 
 std::optional<float> helpingOf(std::string_view name)
 {
-    const auto *const found = std::find_if(std::begin(helpings), std::end(helpings),
-        [name](const Helping &each) { return NamePattern::matches(each.pattern, name); });
-    return found != std::end(helpings) ? std::optional(found->grams) : std::nullopt;
+    static const NamePattern::Table table([] {
+        std::vector<std::string_view> patterns;
+        for (const Helping &each : helpings)
+            patterns.push_back(each.pattern);
+        return patterns;
+    }());
+    const std::optional<std::size_t> found = table.find(name);
+    return found ? std::optional(helpings[*found].grams) : std::nullopt;
 }
 
 // A measure that nobody empties at a sitting.

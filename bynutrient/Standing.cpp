@@ -420,18 +420,21 @@ constexpr RankedPattern patterns[] = {
 };
 
 // What a person eats raw although the catalogue has it cooked, too.
-constexpr std::string_view eatenRaw[] = {"apples", "apricots", "avocados", "bananas", "beans, snap", "blackberries",
-    "blueberries", "broccoli", "cabbage", "carrots", "cauliflower", "celery", "chard", "cherries", "chicory", "chives",
-    "coriander", "cress", "cucumber", "dandelion", "endive", "fennel", "figs", "fruit", "grapefruit", "grapes",
-    "guavas", "kale", "kiwi", "lettuce", "mangos", "melons", "mollusks, clam", "mollusks, oyster",
-    "mung beans, *sprouted", "mushrooms", "nectarines", "nuts", "onions", "oranges", "papayas", "parsley", "peaches",
-    "peanuts", "pears", "peas, edible", "peas, green, raw", "peppers, sweet", "persimmons", "pineapple", "plantains",
-    "plums", "prunes", "pumpkin flowers", "purslane", "radishes", "raspberries", "rhubarb, raw", "seeds", "spinach",
-    "squash, summer", "strawberries", "tangerines", "tomatoes", "turnip", "watercress", "watermelon", "wheat germ"};
+constexpr std::string_view eatenRaw[]
+    = {"apples", "apricots", "avocados", "bananas", "beans, snap", "blackberries", "blueberries", "broccoli", "cabbage",
+        "carrots", "cauliflower", "celery", "chard", "cherries", "chicory", "chives", "coriander", "cress", "cucumber",
+        "dandelion", "endive", "fennel", "figs", "fruit", "grapefruit", "grapes", "guavas", "kale", "kiwi", "lettuce",
+        "mangos", "melons", "mollusks, clam", "mollusks, oyster", "mung beans, mature seeds, sprouted", "mushrooms",
+        "nectarines", "nuts", "onions", "oranges", "papayas", "parsley", "peaches", "peanuts", "pears", "peas, edible",
+        "peas, green, raw", "peppers, sweet", "persimmons", "pineapple", "plantains", "plums", "prunes",
+        "pumpkin flowers", "purslane", "radishes", "raspberries", "rhubarb, raw", "seeds", "spinach", "squash, summer",
+        "strawberries", "tangerines", "tomatoes", "turnip", "watercress", "watermelon", "wheat germ"};
 
-bool fitsOneOf(std::string_view name, const std::string_view *first, const std::string_view *last)
+template <std::size_t count>
+bool beginsWithOneOf(std::string_view text, const std::string_view (&beginnings)[count])
 {
-    return std::any_of(first, last, [name](std::string_view each) { return NamePattern::matches(each, name); });
+    return std::any_of(
+        std::begin(beginnings), std::end(beginnings), [text](std::string_view each) { return text.starts_with(each); });
 }
 
 // Whether the food is what one buys to cook or to dissolve. Of what only ever comes raw, raw is how it is eaten; dried
@@ -444,7 +447,7 @@ bool isBeforeCooking(std::string_view name, bool hascookedkin)
     const bool raw = NamePattern::matches("*raw", name)
         && (hascookedkin
             || hasWord(name, "beef pork chicken turkey poultry sausage bockwurst bratwurst frankfurter chorizo goat"));
-    return uncooked || dry || (raw && !fitsOneOf(name, std::begin(eatenRaw), std::end(eatenRaw)));
+    return uncooked || dry || (raw && !beginsWithOneOf(name, eatenRaw));
 }
 
 // Brands are printed in capitals: "GREEN GIANT" is one although "green" is a word like any other.
@@ -462,17 +465,28 @@ bool beginsWithBrand(const QString &name)
     return false;
 }
 
-Rank rankOf(std::string_view name, const FoodIndex::Name &words, bool hascookedkin)
+// What the table says of the food, if anything.
+std::optional<Rank> listedRank(std::string_view name)
 {
-    const auto *const listed = std::find_if(std::begin(patterns), std::end(patterns),
-        [name](const RankedPattern &each) { return NamePattern::matches(each.pattern, name); });
-    if ((listed != std::end(patterns) && listed->rank == Rank::NotAsSuch) || words.forFew
-        || isBeforeCooking(name, hascookedkin))
+    static const NamePattern::Table table([] {
+        std::vector<std::string_view> list;
+        for (const RankedPattern &each : patterns)
+            list.push_back(each.pattern);
+        return list;
+    }());
+    const std::optional<std::size_t> found = table.find(name);
+    return found ? std::optional(patterns[*found].rank) : std::nullopt;
+}
+
+Rank rankOf(const QString &printed, std::string_view name, const FoodIndex::Name &words, bool hascookedkin)
+{
+    const std::optional<Rank> listed = listedRank(name);
+    if (listed == Rank::NotAsSuch || words.forFew || isBeforeCooking(name, hascookedkin))
         return Rank::NotAsSuch;
-    if (listed != std::end(patterns))
-        return listed->rank;
-    const bool standin = words.ofBrand || hasWord(name, "fortified enhanced supplement substitute vegetarian meatless");
-    return standin ? Rank::Further : Rank::Everyday;
+    if (listed == Rank::Further || words.ofBrand || beginsWithBrand(printed)
+        || (!listed && hasWord(name, "fortified enhanced supplement substitute vegetarian meatless")))
+        return Rank::Further;
+    return Rank::Everyday;
 }
 
 std::string withoutBrackets(std::string_view name)
@@ -539,9 +553,9 @@ std::string dishOf(const std::vector<std::string_view> &parts)
             "with salt added", "without salt added", "no salt added", "salted", "unsalted"};
     std::string dish;
     for (const std::string_view part : parts) {
-        if (!dish.empty() && fitsOneOf(part, std::begin(ends), std::end(ends)))
+        if (!dish.empty() && beginsWithOneOf(part, ends))
             break;
-        if (dish.empty() || !fitsOneOf(part, std::begin(details), std::end(details)))
+        if (dish.empty() || !beginsWithOneOf(part, details))
             dish.append(part).append(",");
     }
     return dish;
@@ -612,9 +626,7 @@ Standing::Standing(const QStringList &foodnames)
     for (std::size_t i = 0; i < lower.size(); ++i) {
         const Keys keys = keysOf(lower[i]);
         const bool hascookedkin = cooked.contains(NamePattern::head(lower[i]));
-        Rank rank = rankOf(lower[i], index.names()[i], hascookedkin);
-        if (rank == Rank::Everyday && beginsWithBrand(foodnames[static_cast<qsizetype>(i)]))
-            rank = Rank::Further;
+        const Rank rank = rankOf(foodnames[static_cast<qsizetype>(i)], lower[i], index.names()[i], hascookedkin);
         foods.push_back({rank, numbers.of(keys.food), numbers.of(keys.shelf), numbers.of(keys.dish)});
     }
 }
