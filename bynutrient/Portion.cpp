@@ -84,7 +84,7 @@ constexpr Helping helpings[] = {
     {"honeydew", 160.0F},
     {"pineapple, raw", 165.0F},
     {"yeast extract spread", 6.0F},
-    {"spices,", 2.0F},
+    {"spices,", 1.5F},
     {"salt,", 1.5F},
     {"leavening agents", 2.0F},
     {"*vanilla extract", 4.0F},
