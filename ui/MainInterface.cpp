@@ -66,6 +66,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectFields();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
+    makeMenus();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);

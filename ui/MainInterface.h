@@ -4,7 +4,9 @@
 #pragma once
 
 #include "ui/InputGuard.h"
+#include "ui/MenuItems.h"
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -15,6 +17,7 @@ class AppDelegate;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
+class TableView;
 class QCheckBox;
 class QDateTime;
 class UserDefaults;
@@ -70,6 +73,16 @@ private:
     // that the log had already.
     void frameAddedFood(int formerrows);
 
+    // ui/MainInterfaceMenus.cpp
+    void makeMenus();
+    // A menu of the table's rows, which acts on the current one; no item is a separator.
+    void addRowMenu(TableView *table, const QString &name, const QList<QAction *> &items);
+    void setConditions();
+    // Whether a row would be selected by selectFramedRow().
+    [[nodiscard]] bool hasFramedRow() const;
+    // Opens the preferences at a nutrient's allowance.
+    void setAllowance(int nutrient);
+
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
@@ -77,4 +90,5 @@ private:
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
     InputGuard inputguard;
+    MenuItems menuitems;
 };
