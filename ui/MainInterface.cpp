@@ -73,6 +73,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectOtherDay();
+    makeMenus();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);

@@ -5,7 +5,9 @@
 
 #include "history/DayReader.h"
 #include "ui/InputGuard.h"
+#include "ui/MenuItems.h"
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -20,6 +22,7 @@ class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
+class TableView;
 class QCheckBox;
 class QDateTime;
 class UserDefaults;
@@ -99,6 +102,16 @@ private:
     void makeHistory(QAction *quit);
     [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
 
+    // ui/MainInterfaceMenus.cpp
+    void makeMenus();
+    // A menu of the table's rows, which acts on the current one; no item is a separator.
+    void addRowMenu(TableView *table, const QString &name, const QList<QAction *> &items);
+    void setConditions();
+    // Whether a row would be selected by selectFramedRow().
+    [[nodiscard]] bool hasFramedRow() const;
+    // Opens the preferences at a nutrient's allowance.
+    void setAllowance(int nutrient);
+
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
@@ -109,4 +122,5 @@ private:
     SheetSize *addviewsize;
     HistorySheet *history = nullptr; // until it is first opened
     InputGuard inputguard;
+    MenuItems menuitems;
 };
