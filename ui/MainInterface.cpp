@@ -207,6 +207,7 @@ void MainInterface::connectOtherDay()
 {
     auto *sheet = new DaySheet(window.get());
     sheet->addAction(main->actionquit);
+    daysheetsize = new SheetSize(sheet, SettingsKeys::DaySheetSize);
     otherday = std::make_unique<OtherDay>(controller, *sheet);
     connect(main->actionaddfromday, &QAction::triggered, this, [this] {
         main->logtable->endEditing();
@@ -333,6 +334,7 @@ void MainInterface::saveWindowState(UserDefaults &store) const
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
     addviewsize->save(store);
+    daysheetsize->save(store);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)

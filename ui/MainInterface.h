@@ -83,5 +83,6 @@ private:
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday;
     SheetSize *addviewsize;
+    SheetSize *daysheetsize = nullptr;
     InputGuard inputguard;
 };
