@@ -26,5 +26,6 @@ inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
 // Only where the person chose another than the usual one.
 inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
 inline const QString HistorySize = QStringLiteral("HistorySize");
+inline const QString DaySheetSize = QStringLiteral("DaySheetSize");
 
 } // namespace SettingsKeys

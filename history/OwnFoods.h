@@ -36,7 +36,7 @@ struct OwnFood {
 // Spectrum of Policies that Subsumes the Least Recently Used and Least Frequently Used Policies", IEEE Transactions on
 // Computers 50 (2001): the sum over the days on which a food was logged of (1/2)^(age / half-life), ages in days from
 // the newest logged day. What day is today does not matter, since another one would multiply all the figures by the
-// same. The half-life is the one for which a simulated person's foods stood foremost (see bench/habit.cpp).
+// same. The half-life is the one for which a simulated person's foods stood foremost (see bench/bench_habit.cpp).
 class OwnFoods final {
 public:
     static constexpr int loggeddays = 60;

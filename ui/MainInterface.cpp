@@ -208,6 +208,7 @@ void MainInterface::connectOtherDay()
 {
     auto *sheet = new DaySheet(window.get());
     sheet->addAction(main->actionquit);
+    daysheetsize = new SheetSize(sheet, SettingsKeys::DaySheetSize);
     otherday = std::make_unique<OtherDay>(controller, *sheet);
     connect(main->actionaddfromday, &QAction::triggered, this, [this] {
         main->logtable->endEditing();
@@ -365,6 +366,7 @@ void MainInterface::saveWindowState(UserDefaults &store) const
     addviewsize->save(store);
     if (history != nullptr)
         store.setObject(QVariantList{qint64(history->width()), qint64(history->height())}, SettingsKeys::HistorySize);
+    daysheetsize->save(store);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)

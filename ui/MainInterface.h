@@ -121,6 +121,7 @@ private:
     std::unique_ptr<OtherDay> otherday;
     SheetSize *addviewsize;
     HistorySheet *history = nullptr; // until it is first opened
+    SheetSize *daysheetsize = nullptr;
     InputGuard inputguard;
     MenuItems menuitems;
 };
