@@ -92,6 +92,7 @@ void AppDelegate::initPrefs()
         {SettingsKeys::RememberDate, QStringLiteral("YES")},
         {SettingsKeys::UseP, QStringLiteral("YES")},
         {SettingsKeys::RecalculateAmount, QStringLiteral("NO")},
+        {SettingsKeys::OwnFoodsFirst, QStringLiteral("YES")},
     });
 
     const QVariant stored = prefs->objectForKey(SettingsKeys::RDAs);

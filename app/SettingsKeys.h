@@ -16,6 +16,7 @@ inline const QString ShowXNutrients = QStringLiteral("ShowXNutrients");
 inline const QString RememberDate = QStringLiteral("RememberDate");
 inline const QString UseP = QStringLiteral("UseP");
 inline const QString RecalculateAmount = QStringLiteral("RecalculateAmount");
+inline const QString OwnFoodsFirst = QStringLiteral("OwnFoodsFirst");
 
 // Written at shutdown; none has a registered default.
 inline const QString LastDate = QStringLiteral("LastDate");

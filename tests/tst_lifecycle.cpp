@@ -73,7 +73,7 @@ private slots:
         QCOMPARE(run.controller.rdamenu->currentText(), key("Energy"));
     }
 
-    void theRegisteredDefaultsAreTheseFive()
+    void theRegisteredDefaultsAreTheseSix()
     {
         Run run(*home);
         run.launch();
@@ -82,6 +82,7 @@ private slots:
         QCOMPARE(run.store.objectForKey(key("RememberDate")), QVariant(key("YES")));
         QCOMPARE(run.store.objectForKey(key("UseP")), QVariant(key("YES")));
         QCOMPARE(run.store.objectForKey(key("RecalculateAmount")), QVariant(key("NO")));
+        QCOMPARE(run.store.objectForKey(key("OwnFoodsFirst")), QVariant(key("YES")));
         QVERIFY(!run.store.objectForKey(key("LastDate")).isValid());
         QVERIFY(!run.store.objectForKey(key("RDAs")).isValid());
     }
@@ -94,7 +95,7 @@ private slots:
             run.terminate();
         }
         const UserDefaults bare(home->storePath());
-        for (const char *name : {"FirstLaunch", "ShowXNutrients", "RememberDate", "UseP", "RecalculateAmount"})
+        for (const char *name : {"FirstLaunch", "ShowXNutrients", "RememberDate", "UseP", "RecalculateAmount", "OwnFoodsFirst"})
             QVERIFY(!bare.objectForKey(key(name)).isValid());
     }
 

@@ -355,6 +355,7 @@ private slots:
         QTest::newRow("percentages") << QByteArray("prefsusep") << usep;
         QTest::newRow("weight") << QByteArray("recalculateamount") << QStringLiteral("RecalculateAmount");
         QTest::newRow("date") << QByteArray("rememberdate") << QStringLiteral("RememberDate");
+        QTest::newRow("own foods") << QByteArray("ownfoodsfirst") << QStringLiteral("OwnFoodsFirst");
     }
 
     void settingsAreWrittenAtOnce()

@@ -142,6 +142,7 @@ void MainInterface::connectCommands()
         main->logtable->endEditing();
         // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
         main->datepicker->interpretText();
+        prepareFoodSheet();
         controller.addFood();
     });
     connectCommand(main->actioncut, &AppDelegate::cut);
@@ -176,16 +177,7 @@ void MainInterface::connectCommands()
         controller.updateDate();
         showKept();
     });
-    connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
-        const int former = controller.numberOfRowsInTableView(main->logtable);
-        controller.addSelectedFoods();
-        showFoodsLeft();
-        main->logtable->setFocus();
-        const int rows = controller.numberOfRowsInTableView(main->logtable);
-        if (rows > former) // a number typed next is the amount of the food added last
-            main->logtable->setCurrentRow(rows - 1);
-        showKept();
-    });
+    connect(addview, &AddFoodSheet::addSelectedFoods, this, &MainInterface::addSelectedFoods);
     connect(main->keptbutton, &QAbstractButton::clicked, this, [this] {
         endEditing();
         controller.addKeptFoods();
@@ -217,6 +209,7 @@ void MainInterface::connectPreferences()
     });
     connectSetting(prefs->recalculateamount, SettingsKeys::RecalculateAmount);
     connectSetting(prefs->rememberdate, SettingsKeys::RememberDate);
+    connectSetting(prefs->ownfoodsfirst, SettingsKeys::OwnFoodsFirst);
     for (QCheckBox *box : {main->usep, prefs->prefsusep})
         connect(box, &QAbstractButton::clicked, this, &MainInterface::setUseP);
 }
@@ -251,6 +244,7 @@ void MainInterface::showSettings()
     prefs->prefsusep->setChecked(percentages);
     prefs->recalculateamount->setChecked(store.boolForKey(SettingsKeys::RecalculateAmount));
     prefs->rememberdate->setChecked(store.boolForKey(SettingsKeys::RememberDate));
+    prefs->ownfoodsfirst->setChecked(store.boolForKey(SettingsKeys::OwnFoodsFirst));
 }
 
 void MainInterface::showFoodsLeft()

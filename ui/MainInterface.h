@@ -62,6 +62,13 @@ private:
     // The line about entries kept from a save that could not be read: only when the shown day has some to be added.
     void showKept();
 
+    // ui/AddedFoods.cpp
+    // Tells the sheet what the person has logged.
+    void prepareFoodSheet();
+    // The controller's operation, and then the quantities that the foods were chosen with.
+    void addSelectedFoods();
+    void enterQuantity(int row);
+
     // Sends the operation when the action is chosen, after endEditing().
     void connectCommand(QAction *action, Operation operation);
 

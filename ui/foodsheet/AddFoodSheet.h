@@ -4,12 +4,15 @@
 #pragma once
 
 #include "ui/foodsheet/ArrayController.h"
+#include "ui/foodsheet/FoodListModel.h"
 
 #include <QDialog>
+#include <QHash>
 
 #include <memory>
+#include <optional>
+#include <vector>
 
-class FoodListModel;
 class QKeyEvent;
 class QLabel;
 namespace Ui {
@@ -20,6 +23,10 @@ class AddFoodSheet;
 // search field keeps the focus while the arrow and page keys move in the list, and whatever else is typed in a list
 // goes to the field. Enter adds what is chosen, Ctrl+Enter keeps it on the list "To be added" and clears the field for
 // the next food, so that a whole meal goes in at once.
+//
+// What a row or the preview says of a food is what gets added: the quantity in the query, else the one that a row of the
+// person's own foods tells, else what was entered in the preview, which comes before both. A food of which nothing is
+// said is added as 100 g. Alt+Enter adds as much as was logged last.
 //
 // However it is closed, the sheet sends addSelectedFoods() and waits for its owner to close it by done(): Cancel, Esc
 // and the title bar's button only empty the selection first. While something is typed, Esc clears it and nothing else.
@@ -42,8 +49,12 @@ public:
     // The foods of the day's log, which are marked: adding them again changes nothing. To be set before it opens.
     void setFoodsInLog(const QStringList &names) { foodsinlog = names; }
 
+    // The foods that the person logs, the most useful first; so many of them, at most, come before all foods when
+    // nothing is typed. To be set before it opens.
+    void setOwnFoods(std::vector<LoggedFood> logged, int listed);
+
     // How many foods wait on the list "To be added" of the closed sheet.
-    [[nodiscard]] qsizetype countOfFoodsLeft() const { return foodsleft.size(); }
+    [[nodiscard]] qsizetype countOfFoodsLeft() const { return qsizetype(foodsleft.size()); }
 
     void open() override;
     void accept() override; // sends addSelectedFoods()
@@ -65,14 +76,32 @@ private:
     void removeFood();
     void showFoodsToBeAdded();
     void showCurrentFood();
+    void showFoodToBeAdded();
+    void showQuantityToBeAdded(int row);
+    void sayChoice();
     void showChoice();
     [[nodiscard]] QList<int> selectedRows() const; // ascending
+    // How much of a row's food would be added, as the preview shows it; nothing: 100 g.
+    [[nodiscard]] std::optional<Quantity> quantityAt(int row) const;
+    [[nodiscard]] QString noteAt(int row) const;
+    void quantityChosen(const Quantity &quantity);
+    void takeLastQuantities();
     bool fieldKeyPressed(QKeyEvent *event);
+    bool amountKeyPressed(QKeyEvent *event);
     bool listKeyPressed(QObject *list, QKeyEvent *event);
 
     ArrayController controller;
     QStringList foodsinlog;
-    QStringList foodsleft; // to be added, when the sheet was cancelled; back on the list when it opens
+    // To be added, when the sheet was cancelled; back on the list when it opens.
+    struct FoodLeft {
+        QString name;
+        std::optional<Quantity> quantity;
+    };
+    std::vector<FoodLeft> foodsleft;
+    std::vector<LoggedFood> ownfoods;
+    int ownfoodslisted = 0;
+    QHash<int, Quantity> entered; // in the preview, by row, until the list is another
+    bool tobeaddedshown = false; // in the preview: a food of the list "To be added"
     std::unique_ptr<Ui::AddFoodSheet> ui;
     FoodListModel *foods = nullptr;
     QLabel *nohitslabel = nullptr; // in the place of the list's rows

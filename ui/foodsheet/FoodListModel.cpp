@@ -12,10 +12,38 @@ FoodListModel::FoodListModel(const QStringList &names, QObject *parent)
     search.prepare();
 }
 
+void FoodListModel::setOwnFoods(const std::vector<LoggedFood> &foods, int listed)
+{
+    own.clear();
+    ownlisted.clear();
+    lastquantities.clear();
+    if (!foods.empty() && places.isEmpty()) {
+        places.reserve(foodnames.size());
+        for (int i = 0; i < foodnames.size(); ++i)
+            places.insert(foodnames[i], i);
+    }
+    QHash<int, float> usefulness;
+    for (const LoggedFood &food : foods) {
+        const auto place = places.constFind(food.name);
+        if (place == places.constEnd())
+            continue; // of another catalogue: it cannot be chosen
+        own.insert(*place, food);
+        usefulness.insert(*place, food.usefulness);
+        if (int(ownlisted.size()) < listed)
+            ownlisted.push_back(*place);
+    }
+    search.setOwnFoods(usefulness);
+}
+
 void FoodListModel::setQuery(const QString &query)
 {
     beginResetModel();
-    hits = search.search(query);
+    const std::vector<int> &found = search.search(query);
+    hits.clear();
+    if (FoodSearch::isEmpty(query))
+        hits = ownlisted;
+    ownrows = int(hits.size());
+    hits.insert(hits.end(), found.begin(), found.end());
     endResetModel();
 }
 
@@ -29,7 +57,25 @@ void FoodListModel::setMarkedFoods(const QStringList &foodsinlog, const QStringL
 
 QString FoodListModel::nameAt(int row) const
 {
-    return foodnames[hits[static_cast<std::size_t>(row)]];
+    return foodnames[foodAt(row)];
+}
+
+std::optional<Quantity> FoodListModel::lastQuantity(int row) const
+{
+    const auto food = own.constFind(foodAt(row));
+    if (food == own.constEnd())
+        return std::nullopt;
+    const auto known = lastquantities.constFind(food.key());
+    if (known != lastquantities.constEnd())
+        return *known;
+    Composition composition;
+    static_cast<void>(composition.read(food->name)); // what cannot be read has grams alone
+    return *lastquantities.insert(food.key(), Quantity::logged(food->amount, food->unit, composition));
+}
+
+QString FoodListModel::lastTime(int row) const
+{
+    return own.value(foodAt(row)).when;
 }
 
 int FoodListModel::rowCount(const QModelIndex &parent) const
@@ -46,18 +92,25 @@ QVariant FoodListModel::data(const QModelIndex &index, int role) const
     case Qt::ToolTipRole:
         return nameAt(index.row());
     case MatchedLettersRole:
-        return QVariant::fromValue(search.matchedLetters(hits[static_cast<std::size_t>(index.row())]));
+        return QVariant::fromValue(search.matchedLetters(foodAt(index.row())));
     case MarkRole:
     case Qt::AccessibleDescriptionRole:
-        return markOf(nameAt(index.row()));
+        return markAt(index.row());
     default:
         return {};
     }
 }
 
-QString FoodListModel::markOf(const QString &name) const
+QString FoodListModel::markAt(int row) const
 {
+    const QString name = nameAt(row);
     if (inlog.contains(name))
         return tr("in the log");
-    return tobeadded.contains(name) ? tr("to be added") : QString();
+    if (tobeadded.contains(name))
+        return tr("to be added");
+    // Below its own rows the list says of each food what it says to everybody, and adds it like that.
+    if (row >= ownrows && ownrows > 0)
+        return {};
+    const std::optional<Quantity> last = lastQuantity(row);
+    return last ? tr("%1, %2", "a day and a quantity").arg(lastTime(row), last->text()) : lastTime(row);
 }
