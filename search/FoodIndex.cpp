@@ -43,7 +43,8 @@ qint16 weightOf(const QByteArray &word, Tone tone, int uses, std::size_t names)
 
 bool isInCapitals(QStringView text)
 {
-    return std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); }) >= 3;
+    return text.contains(u'&')
+        || std::count_if(text.begin(), text.end(), [](QChar letter) { return letter.isUpper(); }) >= 3;
 }
 
 // Follows the commas and brackets of a name: a part is what stands between them, or after a "with" or "in".
@@ -147,6 +148,8 @@ void FoodIndex::sortVocabulary(const std::vector<int> &uses, const std::vector<i
         word.standIn = tone == Tone::StandIn;
         word.processed = tone == Tone::Processed;
         word.stopWord = tone == Tone::StopWord;
+        word.raw = word.text == "raw";
+        word.cooked = word.text == "cooked";
         word.forFew = FoodLexicon::isForFew(word.text);
         word.state = FoodLexicon::tellsState(word.text) || word.brand;
     }
@@ -158,6 +161,7 @@ void FoodIndex::sortVocabulary(const std::vector<int> &uses, const std::vector<i
 void FoodIndex::giveParts(Name &name, const quint8 *partofword)
 {
     const NameWord *own = wordsOf(name);
+    name.flesh = name.count > 0 && FoodLexicon::isFlesh(words[own[0].word].text);
     std::vector<Part> parts;
     for (std::size_t i = 0; i < name.count; ++i) {
         const VocabularyWord &word = words[own[i].word];

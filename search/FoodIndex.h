@@ -42,6 +42,7 @@ public:
         quint8 count = 0;
         bool ofBrand = false; // or a stand-in for the food
         bool forFew = false;
+        bool flesh = false;
         std::array<quint8, placeCount> size{}; // how many words that count each place has
     };
 
@@ -57,6 +58,8 @@ public:
         bool forFew = false;
         bool state = false;
         bool stopWord = false;
+        bool raw = false;
+        bool cooked = false;
 
         [[nodiscard]] bool counts() const { return !stopWord && !brand; }
     };

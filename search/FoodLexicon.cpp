@@ -81,6 +81,36 @@ bool FoodLexicon::isAbbreviation(const QByteArray &word)
     return words.contains(word);
 }
 
+bool FoodLexicon::isIdle(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf("a an and at by for from in my of on or some the to with");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isUnknownFood(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf(
+        "banh biryani bao cortado gyoza kefir kimchi kombucha korma laksa matcha masala naan pavlova pho poutine ramen "
+        "risotto satay seitan sushi tempura tikka tiramisu wellington wasabi za'atar");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isFlesh(const QByteArray &word)
+{
+    static const QSet<QByteArray> words
+        = setOf("beef bison buffalo chicken crustaceans deer duck emu fish game goose ground guinea lamb mollusks "
+                "ostrich pheasant pork poultry quail squab turkey veal");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isCut(const QByteArray &word)
+{
+    static const QSet<QByteArray> words
+        = setOf("black chunk chunks cubes cutlet fillet fillets filet green halves loin mince pieces red spray stick "
+                "portion portions rings scramble slices steak steaks sticks strips toast wedges white yellow");
+    return words.contains(word);
+}
+
 bool FoodLexicon::isServing(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(

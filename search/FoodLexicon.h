@@ -34,6 +34,19 @@ enum class Tone {
 // Capitals that are no brand's: fatty acids, an authority.
 [[nodiscard]] bool isAbbreviation(const QByteArray &word);
 
+// Whether the word only ties others together, so that a name may lack it: "and", "with".
+[[nodiscard]] bool isIdle(const QByteArray &word);
+
+// Whether the word is one of a food that no name has, so that it is no misspelling of another.
+[[nodiscard]] bool isUnknownFood(const QByteArray &word);
+
+// Whether a name that begins with the word is of meat, poultry or fish, which is eaten cooked.
+[[nodiscard]] bool isFlesh(const QByteArray &word);
+
+// Whether the word tells how a food comes and not which it is, though it stands where the noun does: "cod fillet",
+// "olives black".
+[[nodiscard]] bool isCut(const QByteArray &word);
+
 // Whether a person who finds nothing meant no food by the word: "glass", "of", "some".
 [[nodiscard]] bool isServing(const QByteArray &word);
 

@@ -3,6 +3,7 @@
 
 #include "search/FoodQuery.h"
 
+#include "search/FoodLexicon.h"
 #include "search/FoodSynonyms.h"
 #include "search/FoodWords.h"
 
@@ -65,6 +66,12 @@ void matchInflectionsAs(Term &term, const QByteArray &text, Match match, const F
     }
 }
 
+void matchWholeAs(Term &term, const QByteArray &text, const FoodIndex &index)
+{
+    matchInflectionsAs(term, text, Match::Whole, index);
+    matchAs(term, index.find(text), Match::Whole);
+}
+
 Term termFor(const QByteArray &text, bool prefixes, const FoodIndex &index)
 {
     const auto &vocabulary = index.vocabulary();
@@ -76,8 +83,12 @@ Term termFor(const QByteArray &text, bool prefixes, const FoodIndex &index)
             matchAs(term, static_cast<int>(at), Match::Prefix);
         }
     }
-    matchInflectionsAs(term, text, Match::Whole, index);
-    matchAs(term, index.find(text), Match::Whole);
+    if (text.contains('|')) {
+        for (const QByteArray &each : text.split('|'))
+            matchWholeAs(term, each, index);
+    } else {
+        matchWholeAs(term, text, index);
+    }
     return term;
 }
 
@@ -106,8 +117,9 @@ void correctSpelling(Term &term, const FoodIndex &index)
 
 class Reader {
 public:
-    explicit Reader(const FoodIndex &foodindex)
+    Reader(const FoodIndex &foodindex, bool unfound)
         : index(foodindex)
+        , partial(unfound)
     { }
 
     std::vector<Reading> read(const Words &typed)
@@ -116,6 +128,7 @@ public:
         for (const QByteArray &word : typed)
             first.words.push_back({spelledAsSaid(word)});
         drafts.push_back(first);
+        addWithoutStopWords();
         for (std::size_t at = 0; at < drafts.size(); ++at) {
             addSynonyms(at);
             addJoined(at);
@@ -135,7 +148,8 @@ private:
     // A token that is in no name may be a prefix, or a misspelling, of one that the table of synonyms knows.
     QByteArray spelledAsSaid(const QByteArray &word) const
     {
-        if (word.size() < 3 || termFor(word, true, index).found)
+        if (word.size() < 3 || foodSynonymWords().contains(word) || FoodLexicon::isUnknownFood(word)
+            || termFor(word, true, index).found)
             return word;
         const int limit = allowedDistance(word);
         QByteArray closest = word;
@@ -167,6 +181,18 @@ private:
         changed.words.insert(
             changed.words.erase(at, at + static_cast<std::ptrdiff_t>(count)), meant.begin(), meant.end());
         changed.bySynonym = changed.bySynonym || bySynonym;
+        drafts.push_back(changed);
+    }
+
+    // "chicken and rice" need not have the "and". A last word may go on.
+    void addWithoutStopWords()
+    {
+        Draft changed = drafts.front();
+        const auto isIdle
+            = [&](const DraftWord &word) { return &word != &changed.words.back() && FoodLexicon::isIdle(word.text); };
+        if (std::erase_if(changed.words, isIdle) == 0 || changed.words.size() < 2)
+            return;
+        changed.bySynonym = true;
         drafts.push_back(changed);
     }
 
@@ -228,16 +254,25 @@ private:
     {
         for (const DraftWord &word : draft.words) {
             Term term = termFor(word.text, word.typed, index);
-            if (!term.found && word.typed && !rewritten.contains(word.text))
+            if (!term.found && word.typed && !rewritten.contains(word.text) && !FoodLexicon::isUnknownFood(word.text))
                 correctSpelling(term, index);
-            if (!term.found)
+            if (!term.found && (!partial || rewritten.contains(word.text)))
                 return false;
             reading.terms.push_back(std::move(term));
         }
+        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(),
+            [](const Term &term) { return term.found && !FoodLexicon::isCut(term.text); });
+        if (noun != reading.terms.rend())
+            noun->noun = true;
+        for (Term &term : reading.terms)
+            term.noun = term.noun || FoodLexicon::isFlesh(term.text);
+        if (std::none_of(reading.terms.begin(), reading.terms.end(), [](const Term &term) { return term.found; }))
+            return false;
         return true;
     }
 
     const FoodIndex &index;
+    bool partial;
     std::vector<Draft> drafts;
     QSet<QByteArray> rewritten;
 };
@@ -246,5 +281,10 @@ private:
 
 std::vector<FoodQuery::Reading> FoodQuery::readings(const Words &typed, const FoodIndex &index)
 {
-    return Reader(index).read(typed);
+    return Reader(index, false).read(typed);
+}
+
+std::vector<FoodQuery::Reading> FoodQuery::partialReadings(const Words &typed, const FoodIndex &index)
+{
+    return Reader(index, true).read(typed);
 }

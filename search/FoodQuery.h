@@ -25,6 +25,7 @@ struct Term {
     QByteArray text;
     std::vector<Match> matches; // one for each word of the vocabulary
     bool found = false; // some word matches
+    bool noun = false; // what the food is: of "pumpkin latte" the latte, of "lamb leg" both
 
     [[nodiscard]] Match match(const FoodIndex::NameWord &word) const { return matches[word.word]; }
 };
@@ -37,5 +38,8 @@ struct Reading {
 // Empty when no name can be found; else at most eight readings, the one as typed first. The words are lower case, as
 // FoodWords::tokenize() gives them.
 [[nodiscard]] std::vector<Reading> readings(const std::vector<QByteArray> &typed, const FoodIndex &index);
+
+// The same readings for names that need not match each term: those whose words are in no name are among them.
+[[nodiscard]] std::vector<Reading> partialReadings(const std::vector<QByteArray> &typed, const FoodIndex &index);
 
 } // namespace FoodQuery

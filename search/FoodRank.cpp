@@ -19,12 +19,18 @@ constexpr std::size_t at(Place place)
     return static_cast<std::size_t>(place);
 }
 
-// How many terms match a word of the name by a prefix alone; nothing when one of them matches none.
-std::optional<quint8> matchWords(
-    const FoodQuery::Reading &reading, const FoodIndex::Name &name, const FoodIndex::NameWord *words, Matches &matches)
+struct Terms {
+    quint8 prefixes = 0; // match a word of the name by a prefix alone
+    quint8 missing = 0; // match none
+};
+
+// Nothing when a term matches no word of the name, or, when `partial` is set, when all of them match none.
+std::optional<Terms> matchWords(const FoodQuery::Reading &reading, const FoodIndex::Name &name,
+    const FoodIndex::NameWord *words, bool partial, Matches &matches)
 {
     std::fill_n(matches.begin(), name.count, Match::None);
-    quint8 prefixes = 0;
+    Terms terms;
+    bool any = false;
     for (const FoodQuery::Term &term : reading.terms) {
         Match best = Match::None;
         for (std::size_t i = 0; i < name.count; ++i) {
@@ -32,11 +38,14 @@ std::optional<quint8> matchWords(
             matches[i] = std::max(matches[i], match);
             best = std::max(best, match);
         }
-        if (best == Match::None)
+        if (best == Match::None && !partial)
             return std::nullopt;
-        prefixes = static_cast<quint8>(prefixes + (best == Match::Prefix ? 1 : 0));
+        any = any || best != Match::None;
+        terms.prefixes = static_cast<quint8>(terms.prefixes + (best == Match::Prefix ? 1 : 0));
+        if (best == Match::None)
+            terms.missing = static_cast<quint8>(terms.missing + (term.noun ? 2 : 1));
     }
-    return prefixes;
+    return any ? std::optional(terms) : std::nullopt;
 }
 
 struct Coverage {
@@ -89,6 +98,10 @@ Tier tierOf(const Coverage &coverage, const FoodIndex::Name &name)
 // The sum of the weights of a name's words that were not asked for.
 class UnaskedWeight {
 public:
+    explicit UnaskedWeight(bool offlesh)
+        : flesh(offlesh)
+    { }
+
     // `next` is the word after it, if any.
     void add(const FoodIndex::NameWord &word, const FoodIndex::VocabularyWord &meaning,
         const FoodIndex::VocabularyWord *next)
@@ -97,6 +110,10 @@ public:
         constexpr int companyweight = 24; // of "with": something else is in it
         constexpr int moreplainweight = FoodIndex::plainWeight / 4; // "raw" says nearly all that "raw, fresh" does
         int own = meaning.weight;
+        if (flesh && (meaning.raw || meaning.cooked)) {
+            total += meaning.cooked ? FoodIndex::plainWeight : 0;
+            return;
+        }
         if (word.byProduct)
             own = FoodIndex::processedWeight;
         else if (word.place == Place::Shelf)
@@ -121,19 +138,21 @@ public:
     [[nodiscard]] int weight() const { return total; }
 
 private:
+    bool flesh;
     int total = 0;
     bool plain = false;
 };
 
 } // namespace
 
-std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const FoodIndex &index, int number, quint16 own)
+std::optional<FoodRank> FoodRank::of(
+    const FoodQuery::Reading &reading, const FoodIndex &index, int number, quint16 own, bool partial)
 {
     const FoodIndex::Name &name = index.names()[static_cast<std::size_t>(number)];
     const FoodIndex::NameWord *words = index.wordsOf(name);
     Matches matches;
-    const std::optional<quint8> prefixes = matchWords(reading, name, words, matches);
-    if (!prefixes)
+    const std::optional<Terms> terms = matchWords(reading, name, words, partial, matches);
+    if (!terms)
         return std::nullopt;
 
     FoodRank rank;
@@ -141,9 +160,10 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
     rank.forFew = name.forFew && own == notOwn;
     rank.ofBrand = name.ofBrand && own == notOwn;
     Coverage coverage;
-    UnaskedWeight unasked;
+    UnaskedWeight unasked(name.flesh);
     for (std::size_t i = 0; i < name.count; ++i) {
         const FoodIndex::VocabularyWord &meaning = index.vocabulary()[words[i].word];
+        rank.rawFlesh = rank.rawFlesh || (name.flesh && meaning.raw && matches[i] == Match::None);
         if (matches[i] == Match::None)
             unasked.add(words[i], meaning, i + 1 < name.count ? &index.vocabulary()[words[i + 1].word] : nullptr);
         else if (matches[i] == Match::Prefix)
@@ -155,7 +175,8 @@ std::optional<FoodRank> FoodRank::of(const FoodQuery::Reading &reading, const Fo
             coverage.add(words[i], matches[i]);
     }
     rank.tier = tierOf(coverage, name);
-    rank.prefixes = *prefixes;
+    rank.prefixes = terms->prefixes;
+    rank.missing = terms->missing;
     rank.bySynonym = reading.bySynonym;
     rank.weight = unasked.weight();
     rank.name = number;

@@ -35,18 +35,20 @@ struct FoodRank {
 
     static constexpr quint16 notOwn = 0xffff;
 
+    quint8 missing = 0; // terms that the name does not match, where none matches all; a noun counts twice
     bool forFew = false; // baby foods and one people's dishes last
     bool ofBrand = false; // then brands and stand-ins, all unless asked for
     Tier tier = Tier::ElsewherePrefix;
     quint16 own = notOwn; // the person's own foods, the most useful one is 0; neither for few nor a stranger's brand
     quint8 prefixes = 0; // terms of which only a prefix match is there
     bool bySynonym = false;
+    bool rawFlesh = false; // meat and fish are eaten cooked
     int weight = 0; // the inverse document frequencies of what was not asked for, see FoodIndex::VocabularyWord
     int name = 0; // catalogue order
 
     auto operator<=>(const FoodRank &) const = default;
 
-    // Nothing when the reading does not find the name.
-    [[nodiscard]] static std::optional<FoodRank> of(
-        const FoodQuery::Reading &reading, const FoodIndex &index, int name, quint16 own = notOwn);
+    // Nothing when the reading does not find the name, though a partial match needs but one term.
+    [[nodiscard]] static std::optional<FoodRank> of(const FoodQuery::Reading &reading, const FoodIndex &index, int name,
+        quint16 own = notOwn, bool partial = false);
 };

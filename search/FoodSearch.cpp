@@ -4,7 +4,9 @@
 #include "search/FoodSearch.h"
 
 #include "search/FoodLexicon.h"
+#include "search/FoodSynonyms.h"
 #include "search/FoodWords.h"
+#include "search/QueryWords.h"
 
 #include <algorithm>
 #include <numeric>
@@ -15,24 +17,12 @@ namespace {
 using FoodQuery::Match;
 
 constexpr qsizetype longestquery = 512;
-constexpr std::size_t mostwords = 24;
-
-std::vector<QByteArray> wordsOf(const QString &query)
-{
-    std::vector<QByteArray> words;
-    for (const FoodWords::Token &word : FoodWords::tokenize(QStringView(query).left(longestquery))) {
-        if (words.size() < mostwords && std::find(words.begin(), words.end(), word.text) == words.end())
-            words.push_back(word.text);
-    }
-    return words;
-}
-
-// How many letters of the name the first letters of a word take, with the apostrophes among them.
+// How many letters of the name the first letters of a word take, with the marks among them.
 int lettersTaken(const QString &name, const FoodIndex::NameWord &word, qsizetype letters)
 {
     int taken = 0;
     for (; taken < word.length && letters > 0; ++taken) {
-        if (name[word.start + taken] != u'\'')
+        if (name[word.start + taken].isLetterOrNumber())
             --letters;
     }
     return taken;
@@ -69,7 +59,7 @@ void FoodSearch::setOwnFoods(const QHash<int, float> &usefulness)
 
 const std::vector<int> &FoodSearch::search(const QString &query)
 {
-    readings.clear();
+    last = {};
     found.clear();
     askedquantity.reset();
     if (isEmpty(query)) {
@@ -96,27 +86,50 @@ const std::vector<int> &FoodSearch::search(const QString &query)
     }
     if (whole.ranks.empty() && !quantities.empty() && !bare)
         whole = answerTo(text);
-    take(std::move(whole));
+    if (whole.ranks.empty()) {
+        whole = partialAnswerTo(quantities.empty() ? text : quantities.front().rest);
+        if (!whole.ranks.empty() && !quantities.empty())
+            askedquantity = quantities.front().quantity;
+    }
+    last = std::move(whole);
+    found.reserve(last.ranks.size());
+    for (const FoodRank &rank : last.ranks)
+        found.push_back(rank.name);
     return found;
 }
 
 FoodSearch::Answer FoodSearch::answerTo(const QString &query) const
 {
-    std::vector<QByteArray> words = wordsOf(query);
-    Answer answer = answerToWords(words);
+    std::vector<QByteArray> words = QueryWords::of(query);
+    Answer answer = rank(FoodQuery::readings(words, *index), false);
     if (answer.ranks.empty() && std::erase_if(words, FoodLexicon::isServing) > 0 && !words.empty())
-        answer = answerToWords(words);
+        answer = rank(FoodQuery::readings(words, *index), false);
     return answer;
 }
 
-FoodSearch::Answer FoodSearch::answerToWords(const std::vector<QByteArray> &words) const
+// The names that match the most of the words, when none matches all.
+FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
+{
+    std::vector<QByteArray> words = QueryWords::of(query);
+    std::erase_if(words, FoodLexicon::isServing);
+    Answer answer;
+    if (words.size() > 1)
+        answer = rank(FoodQuery::partialReadings(words, *index), true);
+    const auto others = std::find_if(answer.ranks.begin(), answer.ranks.end(),
+        [&](const FoodRank &each) { return each.missing != answer.ranks.front().missing; });
+    answer.ranks.erase(others, answer.ranks.end());
+    return answer;
+}
+
+FoodSearch::Answer FoodSearch::rank(std::vector<FoodQuery::Reading> from, bool partial) const
 {
     Answer answer;
-    answer.readings = FoodQuery::readings(words, *index);
+    answer.readings = std::move(from);
+    answer.partial = partial;
     if (answer.readings.empty())
         return answer;
     for (int name = 0; name < foodnames.size(); ++name)
-        if (const std::optional<FoodRank> best = bestRank(answer.readings, name))
+        if (const std::optional<FoodRank> best = bestRank(answer, name))
             answer.ranks.push_back(*best);
     std::sort(answer.ranks.begin(), answer.ranks.end());
     return answer;
@@ -129,6 +142,12 @@ bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const Answer &wh
     constexpr double mostpieces = 12;
     constexpr qsizetype shortestprefix = 3;
     const auto &vocabulary = index->vocabulary();
+    const auto &synonyms = foodSynonyms(); // "7 up"
+    if (std::any_of(synonyms.begin(), synonyms.end(), [&](const FoodSynonym &each) {
+            return reading.neighbourAfter && each.said.size() > 1 && each.said[0] == reading.number
+                && each.said[1] == reading.neighbour;
+        }))
+        return true;
     const auto isNeighbour = [&](const QByteArray &word) {
         return word == reading.neighbour
             || (reading.neighbour.size() >= shortestprefix && word.startsWith(reading.neighbour));
@@ -148,13 +167,12 @@ bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const Answer &wh
     });
 }
 
-std::optional<FoodRank> FoodSearch::bestRank(
-    const std::vector<FoodQuery::Reading> &from, int name, const FoodQuery::Reading **by) const
+std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, const FoodQuery::Reading **by) const
 {
     const quint16 usefulness = own.empty() ? FoodRank::notOwn : own[static_cast<std::size_t>(name)];
     std::optional<FoodRank> best;
-    for (const FoodQuery::Reading &reading : from) {
-        const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name, usefulness);
+    for (const FoodQuery::Reading &reading : answer.readings) {
+        const std::optional<FoodRank> rank = FoodRank::of(reading, *index, name, usefulness, answer.partial);
         if (!rank || (best && !(*rank < *best)))
             continue;
         best = rank;
@@ -164,19 +182,27 @@ std::optional<FoodRank> FoodSearch::bestRank(
     return best;
 }
 
-void FoodSearch::take(Answer answer)
+QStringList FoodSearch::missingWords() const
 {
-    readings = std::move(answer.readings);
-    found.reserve(answer.ranks.size());
-    for (const FoodRank &rank : answer.ranks)
-        found.push_back(rank.name);
+    QStringList missing;
+    if (!last.partial || last.ranks.empty())
+        return missing;
+    const int name = last.ranks.front().name;
+    const FoodQuery::Reading *reading = nullptr;
+    (void)bestRank(last, name, &reading);
+    const FoodIndex::Name &entry = index->names()[static_cast<std::size_t>(name)];
+    const FoodIndex::NameWord *words = index->wordsOf(entry);
+    for (const FoodQuery::Term &term : reading->terms)
+        if (std::none_of(words, words + entry.count,
+                [&](const FoodIndex::NameWord &word) { return term.match(word) != Match::None; }))
+            missing << QString::fromLatin1(term.text.split('|').front());
+    return missing;
 }
 
 std::vector<FoodSearch::Letters> FoodSearch::matchedLetters(int name) const
 {
     const FoodQuery::Reading *reading = nullptr;
-    if (!readings.empty())
-        (void)bestRank(readings, name, &reading);
+    (void)bestRank(last, name, &reading);
     std::vector<Letters> letters;
     if (reading == nullptr)
         return letters;

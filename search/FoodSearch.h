@@ -50,6 +50,10 @@ public:
     // How much of a food the last query asked for, if it did.
     [[nodiscard]] const std::optional<FoodQuantity> &quantity() const { return askedquantity; }
 
+    // The words of the last query that its first hit lacks: none, unless no name holds all of them. Then the names that
+    // hold the most were found.
+    [[nodiscard]] QStringList missingWords() const;
+
     // The letters of a found name that the last query found it by, in ascending order and apart from each other.
     [[nodiscard]] std::vector<Letters> matchedLetters(int name) const;
 
@@ -57,18 +61,19 @@ private:
     struct Answer {
         std::vector<FoodQuery::Reading> readings;
         std::vector<FoodRank> ranks; // the least first
+        bool partial = false;
     };
 
     [[nodiscard]] Answer answerTo(const QString &query) const;
-    [[nodiscard]] Answer answerToWords(const std::vector<QByteArray> &words) const;
+    [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
+    [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
     [[nodiscard]] bool isOfFood(const FoodQuantity::Reading &reading, const Answer &whole) const;
     [[nodiscard]] std::optional<FoodRank> bestRank(
-        const std::vector<FoodQuery::Reading> &from, int name, const FoodQuery::Reading **by = nullptr) const;
-    void take(Answer answer);
+        const Answer &answer, int name, const FoodQuery::Reading **by = nullptr) const;
 
     QStringList foodnames;
     std::unique_ptr<FoodIndex> index;
-    std::vector<FoodQuery::Reading> readings; // of the last query
+    Answer last; // to the last query
     std::vector<int> found;
     std::optional<FoodQuantity> askedquantity;
     std::vector<quint16> own; // one a food, see FoodRank; empty without any

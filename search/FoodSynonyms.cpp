@@ -3,137 +3,60 @@
 
 #include "search/FoodSynonyms.h"
 
+#include "search/SynonymTable.h"
+
 #include <QList>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
-struct Pair {
-    const char *said;
-    const char *meant;
-};
-
-constexpr Pair pairs[] = {
-    // the same thing under another name
-    {"alfalfa sprout", "alfalfa seeds sprouted"},
-    {"aubergine", "eggplant"},
-    {"bean sprout", "mung beans sprouted"},
-    {"beetroot", "beet"},
-    {"bell pepper", "sweet pepper"},
-    {"black eyed pea", "cowpeas"},
-    {"bok choy", "cabbage pak choi"},
-    {"broad bean", "broadbeans"},
-    {"butter bean", "lima beans"},
-    {"calamari", "squid"},
-    {"capsicum", "sweet pepper"},
-    {"chilli", "chili"},
-    {"collard green", "collards"},
-    {"coriander", "cilantro"},
-    {"cornflour", "cornstarch"},
-    {"courgette", "zucchini"},
-    {"donut", "doughnut"},
-    {"double cream", "cream heavy whipping"},
-    {"fish finger", "fish sticks"},
-    {"flapjack", "pancake"},
-    {"gammon", "ham"},
-    {"gherkin", "pickles cucumber"},
-    {"green onion", "onions spring"},
-    {"groundnut", "peanut"},
-    {"haricot", "navy beans"},
-    {"icing sugar", "sugars powdered"},
-    {"jello", "gelatin desserts"},
-    {"jelly", "gelatin desserts"},
-    {"ketchup", "catsup"},
-    {"lady finger", "okra"},
-    {"linseed", "flaxseed"},
-    {"lychee", "litchis"},
-    {"maize", "corn"},
-    {"mandarin", "tangerine"},
-    {"mangetout", "peas edible podded"},
-    {"milkshake", "milk shakes"},
-    {"omelette", "omelet"},
-    {"pawpaw", "papaya"},
-    {"polenta", "cornmeal"},
-    {"powdered milk", "milk dry"},
-    {"prawn", "shrimp"},
-    {"rapeseed", "canola"},
-    {"rocket", "arugula"},
-    {"rockmelon", "cantaloupe"},
-    {"satsuma", "tangerine"},
-    {"scone", "biscuit"},
-    {"semi skimmed", "reduced fat"},
-    {"skimmed", "skim"},
-    {"snap pea", "peas edible podded"},
-    {"snow pea", "peas edible podded"},
-    {"spring onion", "onions spring"},
-    {"spud", "potato"},
-    {"sultana", "raisins"},
-    {"swede", "rutabaga"},
-    {"sweets", "candies"},
-    {"tater tot", "potato puffs"},
-    {"treacle", "molasses"},
-    {"wholemeal", "whole wheat"},
-    {"yoghourt", "yogurt"},
-    {"yoghurt", "yogurt"},
-    // fast food, snacks and drinks
-    {"bbq", "barbecue"},
-    {"bun", "rolls hamburger"},
-    {"burger", "hamburger"},
-    {"chip", "potato chips"},
-    {"chip", "potato french fried"},
-    {"coke", "carbonated cola"},
-    {"crisp", "potato chips"},
-    {"diet", "low calorie"},
-    {"fizzy drink", "carbonated"},
-    {"french fry", "potato french fried"},
-    {"fry", "potato french fried"},
-    {"hot dog", "frankfurter"},
-    {"hotdog", "frankfurter"},
-    {"lemon lime", "lemon lime carbonated"},
-    {"nugget", "chicken nuggets"},
-    {"pop", "carbonated"},
-    {"soda", "carbonated cola"},
-    {"soda", "carbonated"},
-    {"soft drink", "carbonated"},
-    {"toast", "bread toasted"},
-    // the ordinary one of many
-    {"black coffee", "coffee brewed"},
-    {"cherry tomato", "tomatoes red ripe"},
-    {"chop", "pork chops"},
-    {"filet mignon", "beef tenderloin steak"},
-    {"flour", "wheat flour white purpose"},
-    {"greek yogurt", "yogurt plain"},
-    {"green tea", "tea brewed"},
-    {"herbal tea", "tea herb brewed"},
-    {"mince", "ground beef"},
-    {"mince", "ground"},
-    {"minced", "ground"},
-    {"oatmeal", "cereals oats"},
-    {"porridge", "cereals oats cooked"},
-    {"red onion", "onions raw"},
-    {"ribeye", "beef rib eye"},
-    {"steak", "beef steak"},
-    {"white sugar", "sugars granulated"},
-    // ways of cooking and keeping
-    {"baked", "cooked dry heat"},
-    {"baked", "roasted"},
-    {"boiled", "cooked moist heat"},
-    {"fried", "cooked dry heat"},
-    {"grilled", "broiled"},
-    {"grilled", "cooked dry heat"},
-    {"grilled", "roasted"},
-    {"roast", "roasted"},
-    {"roasted", "cooked dry heat"},
-    {"salted", "with salt"},
-    {"steamed", "boiled"},
-    {"steamed", "cooked moist heat"},
-    {"tinned", "canned"},
-    {"unsalted", "without salt"},
-};
-
-std::vector<QByteArray> wordsOf(const char *text)
+std::vector<QByteArray> wordsOf(const QByteArray &text)
 {
-    const QList<QByteArray> words = QByteArray(text).split(' ');
+    const QList<QByteArray> words = text.split(' ');
     return {words.begin(), words.end()};
+}
+
+void add(std::vector<FoodSynonym> &list, const QByteArray &said, const QByteArray &meant)
+{
+    FoodSynonym synonym{wordsOf(said), wordsOf(meant)};
+    if (synonym.said != synonym.meant)
+        list.push_back(std::move(synonym));
+}
+
+// What a food is without, said in each of the ways to say that: "no fat", "fat free", "fatless", "zero fat".
+void addLack(std::vector<FoodSynonym> &list, const QByteArray &lacked, const QByteArray &meant)
+{
+    for (const char *before : {"no ", "zero ", "without ", "non ", "non", "0 ", "no added ", "without added ", "un"})
+        add(list, before + lacked, meant);
+    for (const char *after : {" free", "free", " less", "less", "ed free"})
+        add(list, lacked + after, meant);
+    add(list, "no " + lacked + " added", meant);
+}
+
+void addLacks(std::vector<FoodSynonym> &list)
+{
+    addLack(list, "fat", "nonfat|skim|fatfree");
+    addLack(list, "fat", "fat free");
+    addLack(list, "fat", "lowfat|low fat");
+    addLack(list, "sugar", "unsweetened|sugarless|dietetic|aspartame|saccharin|calorie");
+    addLack(list, "sugar", "sugar without|free|no");
+    addLack(list, "sweetened", "unsweetened");
+    addLack(list, "salt", "salt without|no");
+    addLack(list, "salt", "unsalted");
+    addLack(list, "salted", "salt without|no");
+    addLack(list, "sodium", "sodium low|without|reduced");
+    addLack(list, "skin", "meat only");
+    addLack(list, "skin", "without|skinless skin|flesh");
+    addLack(list, "bone", "boneless");
+    addLack(list, "bone", "meat only");
+    addLack(list, "seed", "seedless");
+    addLack(list, "caffeine", "caffeine without");
+    addLack(list, "caffeine", "decaffeinated");
+    addLack(list, "meat", "meatless|vegetarian|veggie");
+    addLack(list, "dairy", "soy|soymilk|nondairy");
+    addLack(list, "calorie", "calorie low|free|reduced|zero");
 }
 
 } // namespace
@@ -142,9 +65,25 @@ const std::vector<FoodSynonym> &foodSynonyms()
 {
     static const std::vector<FoodSynonym> synonyms = [] {
         std::vector<FoodSynonym> list;
-        for (const Pair &pair : pairs)
-            list.push_back({wordsOf(pair.said), wordsOf(pair.meant)});
+        for (const SynonymTable::Row &row : SynonymTable::rows())
+            for (const QByteArray &said : QByteArray(row.said).split('|'))
+                add(list, said, row.meant);
+        addLacks(list);
+        // What is said in more words says more: it is the first to be read.
+        std::stable_sort(list.begin(), list.end(),
+            [](const FoodSynonym &a, const FoodSynonym &b) { return a.said.size() > b.said.size(); });
         return list;
     }();
     return synonyms;
+}
+
+const QSet<QByteArray> &foodSynonymWords()
+{
+    static const QSet<QByteArray> words = [] {
+        QSet<QByteArray> all;
+        for (const FoodSynonym &synonym : foodSynonyms())
+            all.unite(QSet<QByteArray>(synonym.said.begin(), synonym.said.end()));
+        return all;
+    }();
+    return words;
 }

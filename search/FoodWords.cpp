@@ -46,6 +46,12 @@ bool addPlainLetters(std::string &letters, QChar character)
     return any;
 }
 
+// Whether an ampersand at the place makes one word of a letter or two and what follows: "M&M'S", but not "ham&cheese".
+bool joinsInitials(QStringView text, qsizetype at, std::size_t letters)
+{
+    return text[at] == u'&' && letters >= 1 && letters <= 2 && at + 1 < text.size() && text[at + 1].isLetter();
+}
+
 bool joinsLetters(QChar character)
 {
     return character == u'\'' || character == u'\u2019' || (character.unicode() >= 0x80 && character.isMark());
@@ -68,7 +74,7 @@ std::vector<FoodWords::Token> FoodWords::tokenize(QStringView text)
             if (first)
                 words.push_back({QByteArray(), static_cast<int>(at), 0});
             words.back().length = static_cast<int>(at) + 1 - words.back().start;
-        } else if (!joinsLetters(text[at])) {
+        } else if (!joinsLetters(text[at]) && !joinsInitials(text, at, letters.size())) {
             finish();
         }
     }

@@ -9,8 +9,8 @@
 #include <vector>
 
 // The tokens that the food search compares: lower case, ASCII, letters and digits only, an apostrophe swallowed
-// ("KELLOGG'S" is kelloggs), everything else a gap. Accents are dropped, so that what a person types with them is
-// found.
+// ("KELLOGG'S" is kelloggs) and an ampersand between initials ("M&M'S" is mms), everything else a gap. Accents are
+// dropped, so that what a person types with them is found.
 namespace FoodWords {
 
 struct Token {

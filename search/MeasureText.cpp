@@ -66,8 +66,8 @@ QHash<QByteArray, Unit> unitTable()
              "cob", "container", "cube", "dash", "ear", "envelope", "fillet", "floret", "glass", "head", "helping",
              "jar", "jigger", "jumbo", "knob", "large", "leaf", "link", "loaf", "measure", "medallion", "medium", "mug",
              "pack", "package", "packet", "pat", "patty", "piece", "pinch", "pod", "portion", "pot", "pouch", "punnet",
-             "rack", "rasher", "ring", "sachet", "scoop", "serving", "sheet", "shot", "slice", "small", "spear",
-             "sprig", "stalk", "stick", "strip", "tin", "tub", "wedge"})
+             "rasher", "ring", "sachet", "scoop", "serving", "sheet", "shot", "slice", "small", "spear", "sprig",
+             "stalk", "stick", "strip", "tin", "tub", "wedge"})
         table.insert(word, {Unit::Kind::Measure, 0, word});
     for (const auto &[spelling, word] : std::initializer_list<std::pair<const char *, const char *>>{{"lg", "large"},
              {"med", "medium"}, {"pc", "piece"}, {"pce", "piece"}, {"pkg", "package"}, {"pkt", "packet"},

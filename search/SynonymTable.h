@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 Provender developers
+// SPDX-License-Identifier: MIT
+
+#pragma once
+
+#include <span>
+
+// What people say and what the catalogue calls it: the rows that FoodSynonyms makes its synonyms of.
+namespace SynonymTable {
+
+struct Row {
+    const char *said; // ways to say the same, parted by "|"
+    const char *meant; // the words of names; of words parted by "|" a name needs one
+};
+
+[[nodiscard]] std::span<const Row> rows();
+
+} // namespace SynonymTable
