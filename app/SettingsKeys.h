@@ -23,5 +23,7 @@ inline const QString LastDate = QStringLiteral("LastDate");
 inline const QString RDAs = QStringLiteral("RDAs");
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
+// Only where the person chose another than the usual one.
+inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
 
 } // namespace SettingsKeys

@@ -5,6 +5,7 @@
 # of its own and is driven by keys alone; every answer is read from the accessibility bus, as a screen reader reads it.
 # What a sighted person may learn from the screen and nobody can say aloud, this test does not find, and fails.
 
+import re
 import subprocess
 import sys
 import time
@@ -15,7 +16,8 @@ from pyatspi import Atspi
 
 PATIENCE = 10  # seconds for any one answer; the machine may be busy
 
-MAIN, ADD, PREFERENCES = "Provender", "Add food", "Preferences"
+# Titles, as regular expressions: the main window's names the day.
+MAIN, ADD, PREFERENCES = ".* - Provender", "Add food", "Preferences"
 MILK = "Milk, whole, 3.25% milkfat, with added vitamin D"
 EGG = "Egg, whole, raw, fresh"
 BANANA = "Bananas, raw"
@@ -117,7 +119,7 @@ class Program:
         until(f"the window {title!r} active", focused)
 
     def window(self, title):
-        return next((w for w in children(self.accessible) if w.name == title and has(w, pyatspi.STATE_SHOWING)), None)
+        return next((w for w in children(self.accessible) if re.fullmatch(title, w.name) and has(w, pyatspi.STATE_SHOWING)), None)
 
     def open(self, title, key):
         press(key)
@@ -186,6 +188,11 @@ class Table:
 
     def row_of(self, name):
         return [row[0].strip() for row in self.rows()].index(name)
+
+
+def described(program, description):
+    """What the main window's label of that description says."""
+    return next(node.name for node in walk(program.window(MAIN)) if node.description == description)
 
 
 def check_names(program, title):
@@ -341,6 +348,13 @@ def first_day(path):
         edit_log(program, log)
         check_names(program, MAIN)
         program.named(MAIN, "3 foods", pyatspi.ROLE_LABEL)
+        expect("the weekday", time.strftime("%A · Today", time.gmtime()),
+               lambda: described(program, "Weekday of the day shown"))
+        energy = sum(int(row[3]) for row in log.rows())  # each rounded
+        totals = re.fullmatch(r"([\d,]+) kcal · carbs [\d,]+ g · protein [\d,]+ g · fat [\d,]+ g",
+                              described(program, "Main totals"))
+        if not totals or abs(int(totals[1].replace(",", "")) - energy) > 2:
+            raise Failure(f"The main totals are {described(program, 'Main totals')!r}, the log's energy {energy}")
         day = text_of(program.named(MAIN, "Day shown"))
         entries = log.rows()
 
@@ -349,6 +363,7 @@ def first_day(path):
         press("ctrl+c", "alt+Right")
         until("another day", lambda: text_of(program.named(MAIN, "Day shown")) != day)
         expect("the log of the next day", [], log.rows)
+        until("tomorrow", lambda: described(program, "Weekday of the day shown").endswith(" · Tomorrow"))
         press("ctrl+v")
         expect("the log of the next day", entries, log.rows)
         check_tab(program, MAIN)

@@ -319,11 +319,68 @@ private slots:
         QCOMPARE(calendar->selectedDate(), QDate(2015, 5, 11));
         QSignalSpy sent(&picker, &DatePicker::dateChosen);
         QWidget *days = calendar->findChild<QTableView *>();
-        QTest::keyClick(days, Qt::Key_Right);
+        for (int press = 0; press < 3; ++press)
+            QTest::keyClick(days, Qt::Key_Right);
+        QCOMPARE(sent.size(), 0);
+        QCOMPARE(picker.dateValue(), utc("2015-05-11T22:00:00"));
         QTest::keyClick(days, Qt::Key_Return);
-        QCOMPARE(picker.date(), QDate(2015, 5, 12));
+        QVERIFY(!calendar->isVisible());
+        QCOMPARE(picker.date(), QDate(2015, 5, 14));
         QCOMPARE(sent.size(), 1);
-        QCOMPARE(picker.dateValue(), utc("2015-05-12T22:00:00"));
+        QCOMPARE(picker.dateValue(), utc("2015-05-14T22:00:00"));
+    }
+
+    void aClickedDayOfTheCalendarIsSentOnce()
+    {
+        DatePicker picker;
+        picker.setDateValue(utc("2015-05-11T22:00:00"));
+        const QTableView *days = openCalendar(picker);
+        QSignalSpy sent(&picker, &DatePicker::dateChosen);
+        const QModelIndex monday = days->selectionModel()->currentIndex();
+        const QModelIndex week = monday.siblingAtRow(monday.row() + 1);
+        QTest::mouseClick(days->viewport(), Qt::LeftButton, {}, days->visualRect(week).center());
+        QVERIFY(!picker.calendarWidget()->isVisible());
+        QCOMPARE(sent.size(), 1);
+        QCOMPARE(picker.dateValue(), utc("2015-05-18T22:00:00"));
+    }
+
+    void aCalendarThatIsLeftGoesBack_data()
+    {
+        QTest::addColumn<bool>("bykey");
+        QTest::newRow("by Esc") << true;
+        QTest::newRow("by a click beside it") << false;
+    }
+
+    void aCalendarThatIsLeftGoesBack()
+    {
+        QFETCH(bool, bykey);
+        DatePicker picker;
+        picker.setDateValue(utc("2015-05-11T22:00:00"));
+        QSignalSpy sent(&picker, &DatePicker::dateChosen);
+        for (int time = 0; time < 2; ++time) {
+            QTableView *days = openCalendar(picker);
+            QTest::keyClick(days, Qt::Key_PageDown);
+            QTest::keyClick(days, Qt::Key_Right);
+            QCOMPARE(picker.calendarWidget()->selectedDate(), QDate(2015, 6, 12));
+            if (bykey)
+                QTest::keyClick(days, Qt::Key_Escape);
+            else
+                QTest::mouseClick(picker.calendarWidget()->window(), Qt::LeftButton, {}, QPoint(-20, -20));
+            QVERIFY(!picker.calendarWidget()->isVisible());
+            QCOMPARE(picker.date(), QDate(2015, 5, 11));
+            QCOMPARE(picker.dateValue(), utc("2015-05-11T22:00:00"));
+        }
+        QCOMPARE(sent.size(), 0);
+        picker.stepUp(); // which goes on from the day shown
+        QCOMPARE(sent.size(), 1);
+    }
+
+private:
+    static QTableView *openCalendar(DatePicker &picker)
+    {
+        picker.show();
+        QTest::keyClick(&picker, Qt::Key_F4);
+        return picker.calendarWidget()->findChild<QTableView *>();
     }
 };
 

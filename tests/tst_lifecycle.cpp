@@ -6,6 +6,7 @@
 #include "platform/LocalDay.h"
 
 #include "ui/controls/DatePicker.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/foodsheet/ArrayController.h"
 
 #include <QComboBox>
@@ -353,6 +354,35 @@ private slots:
         again.show();
         QCOMPARE(again.controller.window->size(), QSize(900, 555));
         QCOMPARE(splitterOf(again)->sizes(), sizes);
+    }
+
+    void theAddFoodSheetKeepsItsSize()
+    {
+        const QString sizekey = key("AddFoodSheetSize");
+        const auto sheetOf = [](Run &run) -> AddFoodSheet * {
+            run.show();
+            run.controller.addFood();
+            return run.controller.addview;
+        };
+        QSize usual;
+        {
+            Run run(*home);
+            usual = sheetOf(run)->size();
+            run.terminate();
+            QVERIFY(!run.store.objectForKey(sizekey).isValid()); // nobody chose it
+            run.controller.addview->resize(700, 555);
+            run.controller.addview->reject();
+            run.terminate();
+        }
+        const QSize screen = QGuiApplication::primaryScreen()->availableSize();
+        const std::pair<QVariantList, QSize> stored[] = {{{700, 555}, {700, 555}}, {{}, usual}, {{700}, usual},
+            {{700, 555, 1}, usual}, {{0, 555}, usual}, {{700, -1}, usual}, {{700, 100000}, {700, screen.height()}}};
+        for (const auto &[value, shown] : stored) {
+            Run again(*home);
+            if (shown != QSize(700, 555)) // else what the first run stored
+                again.store.setObject(value, sizekey);
+            QCOMPARE(sheetOf(again)->size(), shown);
+        }
     }
 
     void aSavedWindowThatIsDamagedIsNoDanger_data()

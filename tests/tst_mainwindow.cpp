@@ -8,6 +8,7 @@
 
 #include <QAbstractEventDispatcher>
 #include <QAction>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -136,6 +137,78 @@ private slots:
         QTest::keyClick(sheet->focusWidget(), Qt::Key_Return);
         QCOMPARE(run->names(), QStringList({QStringLiteral("Honey"), QStringLiteral("Zwieback")}));
         QCOMPARE(button->toolTip(), usual);
+    }
+
+    void theWindowSaysWhichDayThisIs()
+    {
+        const auto *today = window()->findChild<QPushButton *>(QStringLiteral("todaybutton"));
+        const auto said = [&] {
+            const auto *label = window()->findChild<QLabel *>(QStringLiteral("daylabel"));
+            return QStringList{label->text(), today->font().bold() ? QStringLiteral("go") : QString()}.join(u'|');
+        };
+        QCOMPARE(said(), QStringLiteral("Saturday · Today|"));
+        QCOMPARE(window()->windowTitle(), QStringLiteral("Saturday 21 November 2026 - Provender"));
+        QTest::keyClick(table(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(said(), QStringLiteral("Sunday · Tomorrow|go"));
+        QTest::keyClick(table(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(said(), QStringLiteral("Monday|go"));
+        QCOMPARE(window()->windowTitle(), QStringLiteral("Monday 23 November 2026 - Provender"));
+        click("todaybutton");
+        QCOMPARE(said(), QStringLiteral("Saturday · Today|"));
+        run->controller.datepicker->stepBy(-1);
+        QCOMPARE(said(), QStringLiteral("Friday · Yesterday|go"));
+    }
+
+    void pastMidnightTheWindowSaysSoWhenItIsNextActive()
+    {
+        const auto *label = window()->findChild<QLabel *>(QStringLiteral("daylabel"));
+        home->now = home->now.addDays(1);
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        window()->activateWindow();
+        QTRY_COMPARE(label->text(), QStringLiteral("Saturday · Yesterday"));
+    }
+
+    void theTotalsAreThoseOfTheNutrientTable()
+    {
+        home->files.writeElements(A,
+            "<nutrient name='Energy' amount='1841.6'/><nutrient name='Carbs' amount='217'/>"
+            "<nutrient name='Protein' amount='99'/><nutrient name='Fat' amount='84.4'/>");
+        home->files.writeElements(B, "<nutrient name='Energy' amount='1000000'/>");
+        const auto *totals = window()->findChild<QLabel *>(QStringLiteral("totals"));
+        QCOMPARE(totals->text(), QStringLiteral("0 kcal · carbs 0 g · protein 0 g · fat 0 g"));
+        run->add({A});
+        QCOMPARE(totals->text(), QStringLiteral("1,842 kcal · carbs 217 g · protein 99 g · fat 84 g"));
+        click("usep");
+        QCOMPARE(totals->text(), QStringLiteral("1,842 kcal · carbs 217 g · protein 99 g · fat 84 g"));
+        run->add({B});
+        QVERIFY(totals->text().startsWith(QStringLiteral("1,001,842 kcal")));
+        QTest::mouseClick(
+            table()->viewport(), Qt::LeftButton, {}, table()->visualRect(table()->model()->index(0, 0)).center());
+        QVERIFY(totals->text().startsWith(QStringLiteral("1,842 kcal")));
+        type(0, QStringLiteral("5"));
+        QTest::keyClick(editor(), Qt::Key_Return);
+        QCOMPARE(totals->text(), QStringLiteral("1,000,092 kcal · carbs 11 g · protein 5 g · fat 4 g"));
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("1000092.06 kcal"));
+        QTest::keyClick(table(), Qt::Key_Left, Qt::AltModifier);
+        QCOMPARE(totals->text(), QStringLiteral("0 kcal · carbs 0 g · protein 0 g · fat 0 g"));
+    }
+
+    void lookingInTheCalendarOpensNoDay()
+    {
+        DatePicker *picker = run->controller.datepicker;
+        QTest::keyClick(picker, Qt::Key_Down, Qt::AltModifier);
+        auto *days = picker->calendarWidget()->findChild<QTableView *>();
+        for (int press = 0; press < 3; ++press)
+            QTest::keyClick(days, Qt::Key_Right);
+        QTest::keyClick(days, Qt::Key_Return);
+        QCOMPARE(LocalDay::key(run->controller.curdate), QStringLiteral("2026_11_24"));
+        run->terminate();
+        QVERIFY(run->store.objectForKey(QStringLiteral("2026_11_24")).isValid());
+        for (const char *day : {"2026_11_22", "2026_11_23"})
+            QVERIFY(!run->store.objectForKey(QLatin1String(day)).isValid());
     }
 
     void theSheetMarksTheFoodsOfTheDay()

@@ -8,6 +8,7 @@
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
 #include "ui/PreferencesSheet.h"
+#include "ui/SheetSize.h"
 #include "ui/WindowState.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/table/PopUpButtonCell.h"
@@ -52,6 +53,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     , window(std::make_unique<QMainWindow>())
     , preferences(new PreferencesSheet(window.get()))
     , addview(new AddFoodSheet(window.get()))
+    , addviewsize(new SheetSize(addview, SettingsKeys::AddFoodSheetSize))
 {
     main->setupUi(window.get());
     prefs->setupUi(preferences);
@@ -63,6 +65,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     main->splitter->setStretchFactor(0, 3);
     main->splitter->setStretchFactor(1, 2);
     connectFields();
+    connectDay();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectPreferences();
@@ -302,11 +305,14 @@ void MainInterface::saveWindowState(UserDefaults &store) const
 {
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
+    addviewsize->save(store);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Close)
         endEditing();
+    if (event->type() == QEvent::WindowActivate)
+        showDay(); // left open past midnight, it is another day's
     return QObject::eventFilter(watched, event);
 }

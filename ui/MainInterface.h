@@ -11,6 +11,7 @@
 
 class AddFoodSheet;
 class AppDelegate;
+class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
@@ -55,6 +56,13 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // ui/MainInterfaceDay.cpp
+    void connectDay();
+    // The weekday, how far from today, and the window's title.
+    void showDay();
+    // The main sums of what the nutrient table shows.
+    void showTotals();
+
     // Sets the allowance that was typed and not set, if one was: before anything else is done in the preferences.
     void setTypedRDA();
     // Says on the button how many foods wait on the sheet's list.
@@ -78,5 +86,6 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    SheetSize *addviewsize;
     InputGuard inputguard;
 };

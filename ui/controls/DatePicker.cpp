@@ -5,6 +5,7 @@
 
 #include "platform/LocalDay.h"
 
+#include <QCalendarWidget>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLocale>
@@ -41,7 +42,10 @@ DatePicker::DatePicker(QWidget *parent)
     setKeyboardTracking(false);
     setFocusPolicy(Qt::StrongFocus);
     setDateValue(QDateTime::currentDateTimeUtc());
-    connect(this, &QDateEdit::dateChanged, this, &DatePicker::choose);
+    connect(this, &QDateEdit::dateChanged, this, [this](QDate date) {
+        if (calendar == nullptr || !calendar->isVisible()) // else it is only looked at
+            choose(date);
+    });
 }
 
 void DatePicker::setDateValue(const QDateTime &value)
@@ -96,6 +100,25 @@ void DatePicker::openCalendar()
     QMouseEvent press(
         QEvent::MouseButtonPress, arrow, mapToGlobal(arrow), Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
     mousePressEvent(&press);
+}
+
+void DatePicker::mousePressEvent(QMouseEvent *event)
+{
+    QDateEdit::mousePressEvent(event);
+    auto *opened = calendar == nullptr ? findChild<QCalendarWidget *>() : nullptr;
+    if (opened == nullptr)
+        return;
+    calendar = opened;
+    calendar->installEventFilter(this);
+    for (const auto chosen : {&QCalendarWidget::activated, &QCalendarWidget::clicked})
+        connect(calendar, chosen, this, &DatePicker::choose);
+}
+
+bool DatePicker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == calendar && event->type() == QEvent::Hide)
+        setDateValue(instant); // Qt's field has followed what was looked at
+    return QDateEdit::eventFilter(watched, event);
 }
 
 void DatePicker::choose(QDate date)

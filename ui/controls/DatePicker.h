@@ -7,8 +7,11 @@
 #include <QDateEdit>
 #include <QDateTime>
 
+class QCalendarWidget;
+
 // A date field with a calendar that holds an instant: choosing another date keeps the instant's local time of day, as
-// LocalDay has it. A typed date is sent once, when it is complete. A plain QDateEdit holds a local date and sends
+// LocalDay has it. A typed date is sent once, when it is complete, and one of the calendar when it is chosen there by
+// Enter or a click: its arrow keys only look. A plain QDateEdit holds a local date and sends
 // whatever code sets.
 class DatePicker final : public QDateEdit {
     Q_OBJECT
@@ -30,7 +33,9 @@ signals:
 
 protected:
     void focusOutEvent(QFocusEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:
@@ -38,4 +43,5 @@ private:
     void choose(QDate date);
 
     QDateTime instant;
+    QCalendarWidget *calendar = nullptr; // Qt makes it when it is first opened
 };

@@ -120,6 +120,7 @@ void TableView::reloadData()
     refreshRows(0, count - 1);
     if (!selected.isEmpty() && selected.last() >= count)
         selectionDidChange();
+    emit reloaded();
 }
 
 void TableView::deselectAll()

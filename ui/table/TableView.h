@@ -87,6 +87,8 @@ public:
 signals:
     // An editor has delivered a changed text and has closed.
     void editingEnded();
+    // The values were forgotten, and the rows counted anew.
+    void reloaded();
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
