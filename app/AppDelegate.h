@@ -9,6 +9,7 @@
 #include "ui/table/TableViewDelegate.h"
 
 #include <QByteArray>
+#include <QDate>
 #include <QDateTime>
 #include <QList>
 #include <QObject>
@@ -19,6 +20,7 @@
 #include <bitset>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -96,6 +98,18 @@ public:
     [[nodiscard]] std::vector<std::shared_ptr<Food>> keptFoods() const;
     // Added. addFoodPriv() for each of them, then reloads the log, then the nutrients. The copies stay.
     void addKeptFoods();
+
+    // daylog/OtherDays.cpp: the entries of other days. All added; the days themselves are not written and count as not
+    // read.
+
+    // What opening the day would make the entries, not loaded yet; each call makes new ones.
+    [[nodiscard]] std::vector<std::shared_ptr<Food>> entriesOf(QDate day) const;
+    // The nearest day before or after one that has entries, the shown day passed over; nothing when there is none.
+    [[nodiscard]] std::optional<QDate> otherLoggedDay(QDate from, bool islater) const;
+    // Whether addFoodPriv() would drop the food.
+    [[nodiscard]] bool holds(const Food &food) const;
+    // addFoodPriv() for each of them, then reloads the log, then the nutrients.
+    void addEntries(const std::vector<std::shared_ptr<Food>> &entries);
 
     // daylog/LogEditing.cpp: commands on the log. None writes the store; addFoodPriv() and the handler alone set
     // the label.

@@ -73,10 +73,7 @@ std::vector<AppDelegate::FoodPointer> AppDelegate::keptFoods() const
 
 void AppDelegate::addKeptFoods()
 {
-    for (const FoodPointer &food : keptFoods())
-        addFoodPriv(food);
-    logtable->reloadData();
-    nutrienttable->reloadData();
+    addEntries(keptFoods());
 }
 
 void AppDelegate::updateDate()

@@ -8,44 +8,46 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 
 namespace History {
 
 namespace {
 
 // Newest first; the shown day too, whatever the store has of it.
-QList<QDate> daysOf(const UserDefaults &prefs, QDate shownday)
+QList<QDate> daysOf(const UserDefaults &prefs, const std::optional<ShownDay> &shown)
 {
     QList<QDate> days;
     const QStringList keys = prefs.storedKeys();
     for (const QString &key : keys) {
-        if (const std::optional<QDate> day = LocalDay::dateOfKey(key); day && *day != shownday)
+        if (const std::optional<QDate> day = LocalDay::dateOfKey(key); day && !(shown && *day == shown->date))
             days.append(*day);
     }
-    if (shownday.isValid())
-        days.append(shownday);
+    if (shown)
+        days.append(shown->date);
     std::sort(days.begin(), days.end(), std::greater());
     return days;
 }
 
-QVariant itemsOf(const QList<QByteArray> &records)
+QVariant valueOf(QDate day, const UserDefaults &prefs, const std::optional<ShownDay> &shown)
 {
+    if (!shown || day != shown->date)
+        return prefs.peekObjectForKey(LocalDay::key(day));
     QVariantList items;
-    for (const QByteArray &record : records)
+    for (const QByteArray &record : shown->records)
         items.append(record);
     return items;
 }
 
 } // namespace
 
-OwnFoods::OwnFoods(const UserDefaults &prefs, QDate shownday, const QList<QByteArray> &shownrecords)
+OwnFoods::OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown)
 {
     int found = 0;
     QDate newest;
-    const QList<QDate> days = daysOf(prefs, shownday);
+    const QList<QDate> days = daysOf(prefs, shown);
     for (const QDate day : days) {
-        const StoredDay stored
-            = StoredDay::of(day == shownday ? itemsOf(shownrecords) : prefs.peekObjectForKey(LocalDay::key(day)));
+        const StoredDay stored = StoredDay::of(valueOf(day, prefs, shown));
         if (stored.foods.empty())
             continue;
         if (found == 0)

@@ -3,13 +3,12 @@
 
 #pragma once
 
+#include "history/DayReader.h"
 #include "model/Food.h"
 #include "platform/UserDefaults.h"
 
-#include <QByteArray>
 #include <QDate>
 #include <QHash>
-#include <QList>
 #include <QString>
 
 #include <optional>
@@ -28,9 +27,10 @@ struct OwnFood {
     double usefulness = 0.0; // above 0; of two foods the one with more is likelier to be wanted again
 };
 
-// The foods of the last 60 logged days: what a person is likely to add again, each with its last quantity. Read from
-// the records alone, newest day first, and no food file is opened: 60 days of 20 entries are read in a few
-// milliseconds, however many years lie before them. It only looks: no key counts as read by this run.
+// The foods of the last 60 logged days, which are those with at least one food record: what a person is likely to add
+// again, each with its last quantity. Read from the records alone, newest day first, and no food file is opened: 60
+// days of 20 entries are read in a few milliseconds, however many years lie before them. It only looks: no key counts
+// as read by this run.
 //
 // Usefulness is frequency and recency in one figure, the "combined recency and frequency" of D. Lee et al., "LRFU: A
 // Spectrum of Policies that Subsumes the Least Recently Used and Least Frequently Used Policies", IEEE Transactions on
@@ -43,9 +43,8 @@ public:
     static constexpr std::size_t listed = 40; // at most, in a list to choose from
     static constexpr double halflife = 14.0; // days
 
-    // The day that the window shows counts with these records in the place of what is stored; an invalid date: none is
-    // shown. A day is logged when at least one of its items is a food record.
-    OwnFoods(const UserDefaults &prefs, QDate shownday, const QList<QByteArray> &shownrecords);
+    // The day that the window shows counts as it is there, not as it is stored.
+    explicit OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown = {});
 
     // Each name once, the most useful first; of equally useful ones the one logged last, then the one that comes first
     // in its day. Entries without a name are left out.

@@ -11,6 +11,16 @@ DaySums::Amounts DaySums::amountsOf(Food &food)
     return amounts;
 }
 
+DaySums::Amounts DaySums::amountsOf(const Composition &composition, float grams)
+{
+    Amounts amounts{};
+    for (std::size_t i = 0; i < amounts.size(); ++i) {
+        if (const std::optional<float> per100grams = composition.amount(static_cast<int>(i)))
+            amounts[i] = Composition::amountIn(grams, *per100grams);
+    }
+    return amounts;
+}
+
 void DaySums::add(Amounts &sums, const Amounts &amounts)
 {
     for (std::size_t i = 0; i < sums.size(); ++i)

@@ -17,6 +17,8 @@ using Amounts = std::array<float, NutrientCatalogue::nutrientCount>;
 
 // The entry's amount of each nutrient. Loads the food.
 [[nodiscard]] Amounts amountsOf(Food &food);
+// The same of so many grams of a food that was read.
+[[nodiscard]] Amounts amountsOf(const Composition &composition, float grams);
 
 void add(Amounts &sums, const Amounts &amounts);
 

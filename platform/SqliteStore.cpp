@@ -170,6 +170,25 @@ std::optional<QStringList> SqliteStore::keys()
     return keys;
 }
 
+bool SqliteStore::scan(const QString &first, const QString &last, const Row &row)
+{
+    std::optional<QString> handed; // a second attempt goes on after it
+    const Answer answer = ask([&] {
+        SqliteStatement query(database, "SELECT key, value FROM defaults WHERE key BETWEEN ?1 AND ?2 ORDER BY key");
+        query.bind(1, handed.value_or(first)).bind(2, last);
+        int result = query.step();
+        for (; result == SQLITE_ROW; result = query.step()) {
+            const QString key = query.text(0);
+            if (handed == key)
+                continue;
+            row(key, query.blob(1));
+            handed = key;
+        }
+        return result == SQLITE_DONE ? SQLITE_OK : result;
+    });
+    return answer != Answer::Unavailable;
+}
+
 bool SqliteStore::write(const QStringList &keys, const Decision &decide)
 {
     haswaited = false;

@@ -54,6 +54,10 @@ public:
     [[nodiscard]] bool write(const QStringList &keys, const Decision &decide);
     // In the order of their bytes; nothing when nobody can tell now.
     [[nodiscard]] std::optional<QStringList> keys();
+    // Hands over every key between two, both included, with its value, in the order of the keys' bytes and in one
+    // query. False when nobody can tell whether these were all. Whoever takes a row leaves the store alone meanwhile.
+    using Row = std::function<void(const QString &key, const QByteArray &value)>;
+    bool scan(const QString &first, const QString &last, const Row &row);
     // Moves the file, if there is one, out of the way as one that is not usable; false when it could not be moved.
     bool setAside();
 

@@ -130,6 +130,22 @@ QStringList UserDefaults::storedKeys() const
     return keys;
 }
 
+bool UserDefaults::peekRange(const QString &first, const QString &last, const Row &row) const
+{
+    auto waiting = pending.lowerBound(first);
+    const auto handOverUpTo = [&](const auto &isUpTo) {
+        for (; waiting != pending.constEnd() && waiting.key() <= last && isUpTo(waiting.key()); ++waiting)
+            row(waiting.key(), waiting->bytes);
+    };
+    const bool iswhole = store.scan(first, last, [&](const QString &key, const QByteArray &value) {
+        handOverUpTo([&](const QString &mine) { return mine <= key; });
+        if (!pending.contains(key))
+            row(key, value);
+    });
+    handOverUpTo([](const QString &) { return true; });
+    return iswhole;
+}
+
 bool UserDefaults::boolForKey(const QString &key) const
 {
     const auto cached = flags.constFind(key);

@@ -79,6 +79,12 @@ public:
     // What objectForKey() answers, for whoever only looks: the key counts as read by this run, or not, as before.
     [[nodiscard]] QVariant peekObjectForKey(const QString &key) const;
 
+    // Hands over every key between two, both included, that has a pending or stored value, with that value's bytes; the
+    // keys in their order. Only looks, like peekObjectForKey(), and in one query however many keys there are. False when
+    // some of the stored ones could not be read. Whoever takes a row leaves these preferences alone meanwhile.
+    using Row = SqliteStore::Row;
+    bool peekRange(const QString &first, const QString &last, const Row &row) const;
+
     // What setObject() was told of the change of the value that is pending; invalid when none is.
     [[nodiscard]] QVariant changedForKey(const QString &key) const { return pending.value(key).changed; }
 

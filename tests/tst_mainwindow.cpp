@@ -616,7 +616,7 @@ private slots:
             = {{"actionaddfood", "Ctrl+N"}, {"actionquit", "Ctrl+Q"}, {"actioncut", "Ctrl+X"}, {"actioncopy", "Ctrl+C"},
                 {"actionpaste", "Ctrl+V"}, {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"},
                 {"actiondeselect", "Ctrl+Shift+A"}, {"actionpreferences", "Ctrl+,"}, {"actionpreviousday", "Alt+Left"},
-                {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"}};
+                {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"}, {"actionaddfromday", "Ctrl+D"}};
         QList<QAction *> items;
         for (const QAction *menu : window()->menuBar()->actions())
             items += menu->menu()->actions();

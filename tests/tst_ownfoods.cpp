@@ -43,10 +43,7 @@ class OwnFoodsTest final : public QObject {
         return names;
     }
 
-    [[nodiscard]] static QStringList namesIn(const UserDefaults &store)
-    {
-        return namesOf(OwnFoods(store, {}, {}).all());
-    }
+    [[nodiscard]] static QStringList namesIn(const UserDefaults &store) { return namesOf(OwnFoods(store).all()); }
 
 private slots:
     void whatIsLoggedMoreOftenOrLaterComesFirst_data()
@@ -92,7 +89,7 @@ private slots:
         UserDefaults store(home.path);
         store.setObject(dayOf({QStringLiteral("a")}), key(0));
         store.setObject(dayOf({QStringLiteral("a"), QStringLiteral("b")}), key(14));
-        const OwnFoods foods(store, {}, {});
+        const OwnFoods foods(store);
         QCOMPARE(foods.named(QStringLiteral("a"))->usefulness, 1.5);
         QCOMPARE(foods.named(QStringLiteral("b"))->usefulness, 0.5);
         QVERIFY(foods.named(QStringLiteral("c")) == nullptr);
@@ -106,9 +103,9 @@ private slots:
         store.setObject(QVariantList{record(milk, 250.0F)}, key(0));
         store.setObject(QVariantList{record(milk, 0.5F, QStringLiteral("1 cup"))}, key(1));
         const auto last = [&](QDate shownday, const QList<QByteArray> &records) {
-            return *OwnFoods(store, shownday, records).named(milk);
+            return *OwnFoods(store, History::ShownDay{shownday, records}).named(milk);
         };
-        const OwnFood stored = last({}, {});
+        const OwnFood stored = *OwnFoods(store).named(milk);
         QCOMPARE(stored.amount, 250.0F);
         QVERIFY(!stored.unit);
         QCOMPARE(stored.lastday, today);
@@ -118,7 +115,9 @@ private slots:
         QCOMPARE(emptied.unit, QStringLiteral("1 cup"));
         QCOMPARE(emptied.unitidx, 3);
         QCOMPARE(emptied.lastday, today.addDays(-1));
-        QCOMPARE(last(today, {record(milk, 7.0F)}).amount, 7.0F);
+        const OwnFood changed = last(today, {record(milk, 7.0F)});
+        QCOMPARE(changed.amount, 7.0F);
+        QCOMPARE(changed.usefulness, stored.usefulness);
         QCOMPARE(last(today.addDays(1), {record(milk, 8.0F)}).amount, 8.0F); // not stored at all
     }
 
@@ -132,7 +131,7 @@ private slots:
             store.setObject(dayOf({QString::number(i)}), key(2 * i));
             store.setObject(i % 2 == 0 ? QVariantList() : QVariantList{QByteArray("no record")}, key(2 * i + 1));
         }
-        const OwnFoods foods(store, {}, {});
+        const OwnFoods foods(store);
         QCOMPARE(foods.all().size(), std::size_t(60));
         QVERIFY(foods.named(QStringLiteral("59")) != nullptr);
         QVERIFY(foods.named(QStringLiteral("60")) == nullptr);
@@ -157,7 +156,7 @@ private slots:
     {
         StoreHome home;
         const UserDefaults store(home.path);
-        const OwnFoods foods(store, today, {});
+        const OwnFoods foods(store, History::ShownDay{today, {}});
         QVERIFY(foods.all().empty());
         QVERIFY(foods.mostUseful().empty());
     }

@@ -167,6 +167,40 @@ private slots:
         QCOMPARE(place->files().join(u' '), QStringLiteral("preferences.sqlite"));
     }
 
+    void aRangeThatMeetsAPassingErrorIsHandedOverWholeAndEachKeyOnce()
+    {
+        FaultyVfs disk;
+        UserDefaults(path).setObject(0, keyOf(0));
+        QStringList all;
+        {
+            UserDefaults defaults(path);
+            UserDefaults::Transaction history(defaults);
+            for (int i = 1; i <= 200; ++i)
+                defaults.setObject(dayOf(i, 0), keyOf(i));
+            QVERIFY(history.commit());
+            all = defaults.storedKeys();
+        }
+        int interrupted = 0;
+        for (int operation = 1;; ++operation) {
+            UserDefaults defaults(path);
+            QVERIFY(defaults.objectForKey(keyOf(0)).isValid()); // so that the scan has an old connection to lose
+            disk.arm(FaultyVfs::Fault::InputOutput, operation, false, FaultyVfs::Count::Everything);
+            QStringList keys;
+            const auto take = [&](const QString &key, const QByteArray &) {
+                interrupted += !disk.hasStruck() && keys.isEmpty() ? 1 : 0;
+                keys.append(key);
+            };
+            const bool iswhole = defaults.peekRange(all.first(), all.last(), take);
+            const bool isover = !disk.hasStruck();
+            disk.disarm();
+            QVERIFY(iswhole);
+            QCOMPARE(keys, all);
+            if (isover)
+                break;
+        }
+        QVERIFY(interrupted > 10);
+    }
+
     void whatIsSavedToADamagedStoreIsThereAtTheNextStart_data()
     {
         QTest::addColumn<int>("from");

@@ -63,6 +63,27 @@ private slots:
         QCOMPARE(UserDefaults(path).storedKeys(), (QStringList{day, other}));
     }
 
+    void aRangeHandsOverEachKeyOnceInOrderWithWhatReadsAnswer()
+    {
+        UserDefaults defaults(path);
+        const auto keysBetween = [&](const QString &first, const QString &last) {
+            QStringList keys;
+            const auto take = [&](const QString &key, const QByteArray &value) {
+                keys.append(key + u'=' + PropertyList::read(value)->toString());
+            };
+            return defaults.peekRange(first, last, take) ? keys.join(u' ') : QStringLiteral("not whole");
+        };
+        QCOMPARE(keysBetween(QStringLiteral("a"), QStringLiteral("z")), QString());
+        for (const char *key : {"b", "d", "f", "h", "k"})
+            defaults.setObject(1, QLatin1String(key));
+        UserDefaults::Transaction save(defaults);
+        for (const char *key : {"a", "c", "d", "h", "i", "j"})
+            defaults.setObject(2, QLatin1String(key));
+        QCOMPARE(keysBetween(QStringLiteral("b"), QStringLiteral("i")), QStringLiteral("b=1 c=2 d=2 f=1 h=2 i=2"));
+        QCOMPARE(keysBetween(QStringLiteral("j"), QStringLiteral("j")), QStringLiteral("j=2"));
+        QCOMPARE(keysBetween(QStringLiteral("k"), QStringLiteral("z")), QStringLiteral("k=1"));
+    }
+
     void init()
     {
         home = std::make_unique<QTemporaryDir>();

@@ -7,10 +7,12 @@
 
 #include "app/AppDelegate.h"
 #include "platform/UserDefaults.h"
-#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/MainInterface.h"
+#include "ui/daysheet/DaySheet.h"
+#include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/table/TableView.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
@@ -54,6 +56,7 @@ constexpr Eaten eaten[] = {
 
 class Day final : public AppDelegate {
 public:
+    using AppDelegate::addFoodPriv;
     using AppDelegate::addview;
     using AppDelegate::AppDelegate;
     using AppDelegate::logtable;
@@ -131,6 +134,20 @@ private:
     bool saved = true;
 };
 
+// The day's entries offered to the next day, which has one of them already.
+void takeOtherDay(Day &day, Pictures &pictures, const QString &name)
+{
+    day.nextDay();
+    day.addFoodPriv(std::make_shared<Food>(QStringLiteral("Honey")));
+    day.window->findChild<QAction *>(QStringLiteral("actionaddfromday"))->trigger();
+    auto &sheet = *day.window->findChild<DaySheet *>();
+    Pictures::press(*sheet.focusWidget(), Qt::Key_Down, QString());
+    Pictures::press(*sheet.focusWidget(), Qt::Key_Space, QString());
+    pictures.take(sheet, name);
+    sheet.reject();
+    day.previousDay();
+}
+
 void takeSheets(Day &day, Pictures &pictures)
 {
     day.addFood();
@@ -142,6 +159,7 @@ void takeSheets(Day &day, Pictures &pictures)
     Pictures::type(field, QStringLiteral("chees ched"));
     pictures.take(*day.addview, QStringLiteral("add-food"));
     day.addview->reject();
+    takeOtherDay(day, pictures, QStringLiteral("another-day"));
     day.showPrefs();
     day.rdamenu->setCurrentIndex(day.rdamenu->findText(QStringLiteral("Vitamin C")));
     day.RDAtick();
@@ -192,6 +210,7 @@ int main(int argc, char **argv)
             pictures.take(*day.window, QStringLiteral("small"));
         } else {
             pictures.take(*day.window, kind);
+            takeOtherDay(day, pictures, QStringLiteral("another-day-") + kind);
         }
         status = pictures.allSaved() ? 0 : 1;
     }

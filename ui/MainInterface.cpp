@@ -5,11 +5,14 @@
 
 #include "app/AppDelegate.h"
 #include "app/SettingsKeys.h"
+#include "platform/LocalDay.h"
 #include "platform/NumberText.h"
 #include "platform/UserDefaults.h"
+#include "ui/OtherDay.h"
 #include "ui/PreferencesSheet.h"
 #include "ui/SheetSize.h"
 #include "ui/WindowState.h"
+#include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/table/PopUpButtonCell.h"
 #include "ui/table/TextFieldCellRDA.h"
@@ -68,6 +71,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectDay();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
+    connectOtherDay();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);
@@ -189,6 +193,23 @@ void MainInterface::connectCommands()
     });
     // An amount edit leaves the nutrient table as it is; a person expects fresh figures.
     connect(main->logtable, &TableView::editingEnded, this, [this] { controller.updateNutrients(); });
+}
+
+void MainInterface::connectOtherDay()
+{
+    auto *sheet = new DaySheet(window.get());
+    sheet->addAction(main->actionquit);
+    otherday = std::make_unique<OtherDay>(controller, *sheet);
+    connect(main->actionaddfromday, &QAction::triggered, this, [this] {
+        main->logtable->endEditing();
+        main->datepicker->interpretText(); // as for the add-food sheet
+        otherday->open(LocalDay::dateOf(main->datepicker->dateValue()));
+    });
+    connect(otherday.get(), &OtherDay::entriesAdded, this, [this] {
+        main->logtable->setFocus();
+        main->logtable->setCurrentRow(controller.numberOfRowsInTableView(main->logtable) - 1);
+        showKept();
+    });
 }
 
 void MainInterface::connectPreferences()

@@ -11,6 +11,7 @@
 
 class AddFoodSheet;
 class AppDelegate;
+class OtherDay;
 class SheetSize;
 class QAction;
 class QMainWindow;
@@ -52,6 +53,7 @@ private:
     void makeTables();
     void connectFields();
     void connectCommands();
+    void connectOtherDay();
     void connectPreferences();
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
@@ -86,6 +88,7 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
+    std::unique_ptr<OtherDay> otherday;
     SheetSize *addviewsize;
     InputGuard inputguard;
 };
