@@ -226,6 +226,7 @@ protected:
     [[nodiscard]] QString percentText(int index) const;
     [[nodiscard]] Tip nutrientTip(int index) const;
     [[nodiscard]] std::array<std::pair<QString, float>, 3> mainSources(int index) const;
+    [[nodiscard]] QString unknownText(int index) const;
 
     Clock now;
     UserDefaults *prefs = nullptr; // the standard store, from initPrefs on

@@ -12,6 +12,7 @@ struct Nutrient {
     std::string_view name;
     std::string_view unit;
     int defaultrda;
+    std::string_view fullname = name; // of what is listed by a code
 };
 
 // U+00B5; U+03BC looks the same.
@@ -62,24 +63,24 @@ constexpr std::array<Nutrient, NutrientCatalogue::nutrientCount> nutrients = {{
     {"Omega-6", "g", 0},
     {"Cholesterol", "mg", 300},
     {"Phytosterol", "mg", 0},
-    {"ALA", "g", 0},
-    {"ARG", "g", 0},
-    {"ASP", "g", 0},
-    {"CYS", "g", 0},
-    {"GLU", "g", 0},
-    {"GLY", "g", 0},
-    {"HIS", "g", 0},
-    {"ILE", "g", 0},
-    {"LEU", "g", 0},
-    {"LYS", "g", 0},
-    {"MET", "g", 0},
-    {"PHE", "g", 0},
-    {"PRO", "g", 0},
-    {"SER", "g", 0},
-    {"THR", "g", 0},
-    {"TRP", "g", 0},
-    {"TYR", "g", 0},
-    {"VAL", "g", 0},
+    {"ALA", "g", 0, "Alanine"},
+    {"ARG", "g", 0, "Arginine"},
+    {"ASP", "g", 0, "Aspartic acid"},
+    {"CYS", "g", 0, "Cystine"},
+    {"GLU", "g", 0, "Glutamic acid"},
+    {"GLY", "g", 0, "Glycine"},
+    {"HIS", "g", 0, "Histidine"},
+    {"ILE", "g", 0, "Isoleucine"},
+    {"LEU", "g", 0, "Leucine"},
+    {"LYS", "g", 0, "Lysine"},
+    {"MET", "g", 0, "Methionine"},
+    {"PHE", "g", 0, "Phenylalanine"},
+    {"PRO", "g", 0, "Proline"},
+    {"SER", "g", 0, "Serine"},
+    {"THR", "g", 0, "Threonine"},
+    {"TRP", "g", 0, "Tryptophan"},
+    {"TYR", "g", 0, "Tyrosine"},
+    {"VAL", "g", 0, "Valine"},
 }};
 
 // A perfect hash over the names: the compiler looks for the multiplier that gives each name a slot of its own, so a
@@ -136,6 +137,12 @@ QStringList column(std::string_view Nutrient::*field)
 const QStringList &NutrientCatalogue::names()
 {
     static const QStringList names = column(&Nutrient::name);
+    return names;
+}
+
+const QStringList &NutrientCatalogue::fullNames()
+{
+    static const QStringList names = column(&Nutrient::fullname);
     return names;
 }
 

@@ -20,6 +20,9 @@ constexpr int nutrientCount = 61;
 [[nodiscard]] const QStringList &names();
 [[nodiscard]] const QStringList &units();
 
+// The names in full: "Alanine" for the amino acid listed as "ALA", and the display name for all that is no code.
+[[nodiscard]] const QStringList &fullNames();
+
 // Default RDAs in nutrient order, in the nutrients' units; 0 means that there is none.
 [[nodiscard]] const std::array<int, nutrientCount> &defaultRDAs();
 

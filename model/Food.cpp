@@ -35,6 +35,12 @@ float Food::getAmountOfNutrient(int index)
     return per100grams ? Composition::amountIn(getGrams(), *per100grams) : 0.0F;
 }
 
+bool Food::knowsNutrient(int index)
+{
+    loadIfNeeded();
+    return composition.amount(index).has_value();
+}
+
 float Food::getGrams()
 {
     loadIfNeeded();

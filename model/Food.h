@@ -29,6 +29,8 @@ public:
     [[nodiscard]] float getAmountOfNutrient(const QString &nutrient);
     // The same by nutrient index, 0 to 60.
     [[nodiscard]] float getAmountOfNutrient(int index);
+    // Whether the file lists the nutrient of that index; what it does not list counts as 0. Loads.
+    [[nodiscard]] bool knowsNutrient(int index);
 
     // The weight of this entry in grams. Without a unit the amount is grams; with a title that is unknown the entry
     // weighs nothing. Not a slip: do not make them one. Loads.

@@ -196,6 +196,18 @@ private slots:
                 QStringLiteral("ALA")}));
     }
 
+    void eachAminoAcidHasItsNameInFullAndNothingElseHasAnother()
+    {
+        const QStringList acids
+            = {QStringLiteral("Alanine"), QStringLiteral("Arginine"), QStringLiteral("Aspartic acid"),
+                QStringLiteral("Cystine"), QStringLiteral("Glutamic acid"), QStringLiteral("Glycine"),
+                QStringLiteral("Histidine"), QStringLiteral("Isoleucine"), QStringLiteral("Leucine"),
+                QStringLiteral("Lysine"), QStringLiteral("Methionine"), QStringLiteral("Phenylalanine"),
+                QStringLiteral("Proline"), QStringLiteral("Serine"), QStringLiteral("Threonine"),
+                QStringLiteral("Tryptophan"), QStringLiteral("Tyrosine"), QStringLiteral("Valine")};
+        QCOMPARE(NutrientCatalogue::fullNames(), NutrientCatalogue::names().mid(0, 43) + acids);
+    }
+
     void theAminoAcidsAreInAlphabeticalOrder()
     {
         QStringList codes = NutrientCatalogue::names().mid(43);

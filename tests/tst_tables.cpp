@@ -317,12 +317,40 @@ private slots:
     {
         run->add({A, QStringLiteral("B"), QStringLiteral("C"), QStringLiteral("D"), QStringLiteral("E")});
         QCOMPARE(
-            sentence(31), QStringLiteral("Vitamin C, 100.00 mg, 167 % of the RDA (60.00 mg)\nB 90 %; A 30 %; C 15 %"));
-        QCOMPARE(sentence(6), QStringLiteral("Alcohol, 0.00 g"));
+            sentence(31), QStringLiteral("Vitamin C, 100.00 mg, 167 % of the RDA (60.00 mg)\nB 90 %\nA 30 %\nC 15 %"));
         run->select({0, 3, 4});
         QCOMPARE(sentence(31), QStringLiteral("Vitamin C, -5.00 mg, -8 % of the RDA (60.00 mg)"));
         run->select({2, 3});
-        QCOMPARE(sentence(31), QStringLiteral("Vitamin C, 30.00 mg, 50 % of the RDA (60.00 mg)\nC 50 %; D 50 %"));
+        QCOMPARE(sentence(31), QStringLiteral("Vitamin C, 30.00 mg, 50 % of the RDA (60.00 mg)\nC 50 %\nD 50 %"));
+    }
+
+    void aNutrientWithoutAnAllowanceTellsWhyAndHowToSetOne()
+    {
+        run->add({A});
+        QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("50 %"));
+        run->controller.rdas[31] = 0.0F;
+        QCOMPARE(run->nutrient(amount, 31).toString(), QStringLiteral("0 %"));
+        QCOMPARE(
+            sentence(31), QStringLiteral("Vitamin C, no allowance set: 30.00 mg. Set one in the preferences\nA 100 %"));
+    }
+
+    void aNutrientTellsHowManyFoodsHaveNoFigure()
+    {
+        run->add({A, QStringLiteral("none such"), QStringLiteral("none other")});
+        const auto unknown = [this] { return sentence(31).section(u'\n', -1); };
+        QCOMPARE(unknown(), QStringLiteral("no figure for 2 of 3 foods"));
+        run->select({0, 2});
+        QCOMPARE(unknown(), QStringLiteral("no figure for 1 of 2 foods"));
+        run->select({1});
+        QCOMPARE(unknown(), QStringLiteral("no figure for 1 of 1 food"));
+        run->select({0});
+        QCOMPARE(unknown(), QStringLiteral("A 100 %"));
+    }
+
+    void anAminoAcidTellsItsNameInFull()
+    {
+        QCOMPARE(run->nutrient(name, 43).toString(), QStringLiteral("   ALA"));
+        QCOMPARE(sentence(43), QStringLiteral("Alanine, no allowance set: 0.00 g. Set one in the preferences"));
     }
 
     void aFoodTellsItsWholeName()

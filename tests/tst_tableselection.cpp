@@ -77,6 +77,39 @@ private slots:
         QCOMPARE(source.proposals.last(), (QList<int>{0, 1, 2, 3}));
     }
 
+    void withNothingSelectedUpAndDownSelectFromTheFrameOn_data()
+    {
+        QTest::addColumn<int>("rows");
+        QTest::addColumn<int>("framed");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<bool>("extends");
+        QTest::addColumn<QList<int>>("selected");
+        QTest::newRow("Down among others") << 5 << 2 << Qt::Key_Down << false << QList<int>{3};
+        QTest::newRow("Down on the last row") << 5 << 4 << Qt::Key_Down << false << QList<int>{4};
+        QTest::newRow("Up on the first row") << 5 << 0 << Qt::Key_Up << false << QList<int>{0};
+        QTest::newRow("Up on a row alone") << 1 << 0 << Qt::Key_Up << false << QList<int>{0};
+        QTest::newRow("Down on a row alone") << 1 << 0 << Qt::Key_Down << false << QList<int>{0};
+        QTest::newRow("Shift+Down") << 5 << 2 << Qt::Key_Down << true << QList<int>{2, 3};
+        QTest::newRow("Shift+Up on the first row") << 5 << 0 << Qt::Key_Up << true << QList<int>{0};
+    }
+
+    void withNothingSelectedUpAndDownSelectFromTheFrameOn()
+    {
+        QFETCH(int, rows);
+        QFETCH(int, framed);
+        QFETCH(Qt::Key, key);
+        QFETCH(bool, extends);
+        load(rows);
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, rows - 1, 0));
+        table->deselectAll();
+        table->setCurrentRow(framed);
+        QTest::keyClick(table, key, Qt::ControlModifier); // which moves and selects nothing
+        QCOMPARE(table->selectedRowIndexes(), QList<int>());
+        table->setCurrentRow(framed);
+        QTest::keyClick(table, key, extends ? Qt::ShiftModifier : Qt::NoModifier);
+        QTEST(table->selectedRowIndexes(), "selected");
+    }
+
     void selectingAllProposesAllRows()
     {
         load(4);

@@ -57,8 +57,7 @@ void MainInterface::addSelectedFoods()
     const int rows = controller.numberOfRowsInTableView(main->logtable);
     for (int row = former; row < rows; ++row)
         enterQuantity(row);
-    if (rows > former) // a number typed next is the amount of the food added last
-        main->logtable->setCurrentRow(rows - 1);
+    frameAddedFood(former);
     showKept();
 }
 

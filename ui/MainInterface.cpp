@@ -134,10 +134,12 @@ void MainInterface::connectFields()
     controller.rdalabel = prefs->rdalabel;
 }
 
-void MainInterface::connectCommand(QAction *action, Operation operation)
+void MainInterface::connectCommand(QAction *action, Operation operation, const std::function<void()> &first)
 {
-    connect(action, &QAction::triggered, this, [this, operation] {
+    connect(action, &QAction::triggered, this, [this, operation, first] {
         endEditing();
+        if (first)
+            first();
         std::invoke(operation, controller);
         showKept();
     });
@@ -152,13 +154,16 @@ void MainInterface::connectCommands()
         prepareFoodSheet();
         controller.addFood();
     });
-    connectCommand(main->actioncut, &AppDelegate::cut);
-    connectCommand(main->actioncopy, &AppDelegate::copy);
+    const auto selectframed = [this] { selectFramedRow(); };
+    connectCommand(main->actioncut, &AppDelegate::cut, selectframed);
+    connectCommand(main->actioncopy, &AppDelegate::copy, selectframed);
     connectCommand(main->actionpaste, &AppDelegate::paste);
-    connectCommand(main->actionremove, &AppDelegate::removeSelected);
-    connectCommand(main->actionpreviousday, &AppDelegate::previousDay);
-    connectCommand(main->actionnextday, &AppDelegate::nextDay);
-    connectCommand(main->actiontoday, &AppDelegate::today);
+    connectCommand(main->actionremove, &AppDelegate::removeSelected, selectframed);
+    connectCommand(main->actionpreviousday, &AppDelegate::previousDay,
+        [this] { leaveDayFor(LocalDay::dayBefore(controller.curdate)); });
+    connectCommand(
+        main->actionnextday, &AppDelegate::nextDay, [this] { leaveDayFor(LocalDay::dayAfter(controller.curdate)); });
+    connectCommand(main->actiontoday, &AppDelegate::today, [this] { leaveDayFor(controller.now()); });
     connectCommand(main->actionpreferences, &AppDelegate::showPrefs);
     connect(main->actionselectall, &QAction::triggered, this, [this] {
         endEditing();
@@ -181,6 +186,7 @@ void MainInterface::connectCommands()
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         main->logtable->endEditing();
+        leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
         showKept();
     });
@@ -210,6 +216,33 @@ void MainInterface::connectOtherDay()
         main->logtable->setCurrentRow(controller.numberOfRowsInTableView(main->logtable) - 1);
         showKept();
     });
+}
+
+void MainInterface::leaveDayFor(const QDateTime &next)
+{
+    if (LocalDay::key(next) != LocalDay::key(controller.curdate))
+        main->logtable->deselectAll();
+}
+
+void MainInterface::selectFramedRow()
+{
+    TableView *log = main->logtable;
+    const int row = log->currentIndex().row();
+    if (row >= 0 && window->focusWidget() == log && log->selectedRowIndexes().isEmpty())
+        log->selectRowIndexes({row});
+}
+
+void MainInterface::frameAddedFood(int formerrows)
+{
+    const int rows = controller.numberOfRowsInTableView(main->logtable);
+    const QStringList chosen = controller.foodlistcontroller->selectedObjects();
+    int row = rows > formerrows ? rows - 1 : -1;
+    for (int i = 0; row < 0 && !chosen.isEmpty() && i < rows; ++i) {
+        if (controller.foods[static_cast<std::size_t>(i)]->name() == chosen.constLast())
+            row = i;
+    }
+    if (row >= 0)
+        main->logtable->setCurrentRow(row);
 }
 
 void MainInterface::connectPreferences()

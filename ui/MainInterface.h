@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class AddFoodSheet;
@@ -17,6 +18,7 @@ class QAction;
 class QMainWindow;
 class PreferencesSheet;
 class QCheckBox;
+class QDateTime;
 class UserDefaults;
 namespace Ui {
 class MainWindow;
@@ -79,8 +81,15 @@ private:
     void addSelectedFoods();
     void enterQuantity(int row);
 
-    // Sends the operation when the action is chosen, after endEditing().
-    void connectCommand(QAction *action, Operation operation);
+    // Sends the operation when the action is chosen, after endEditing() and what else is to come first.
+    void connectCommand(QAction *action, Operation operation, const std::function<void()> &first = {});
+    // Clears the log's selection where another day is to be opened: its rows are the shown day's.
+    void leaveDayFor(const QDateTime &next);
+    // Where the log has the keyboard and nothing is selected, selects the row that its frame is on.
+    void selectFramedRow();
+    // After the add-food sheet: a number typed next is the amount of the food added last, or of the food chosen last
+    // that the log had already.
+    void frameAddedFood(int formerrows);
 
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls

@@ -70,24 +70,44 @@ void AppDelegate::prepareBar(TextFieldCellRDA &cell, int row) const
         cell.setBackgroundColor(Qt::transparent);
 }
 
-// "Vitamin C, 54.00 mg, 90 % of the RDA (60.00 mg)", and on a second line what gave most of it.
+// "Vitamin C, 54.00 mg, 90 % of the RDA (60.00 mg)", then a line for each of those that gave most of it and one about
+// foods without a figure. The foods are asked when somebody reads it: the log has no others before the next reload.
 TableViewDelegate::Tip AppDelegate::nutrientTip(int index) const
 {
-    return [name = nutdata[index], unit = nutdataunits[index], sum = displayedSum(index),
+    return [this, index, unit = nutdataunits[index], sum = displayedSum(index),
                rda = rdas[static_cast<std::size_t>(index)], ratio = rdaRatio(index), sources = mainSources(index)] {
-        QString text = name + QStringLiteral(", ") + withUnit(sum, unit);
+        QString text = NutrientCatalogue::fullNames().at(index) + QStringLiteral(", ");
         if (rda > 0.0F)
-            text
-                += QStringLiteral(", ") + percent(ratio) + QStringLiteral(" of the RDA (") + withUnit(rda, unit) + u')';
-        QString separator = QStringLiteral("\n");
+            text += QStringLiteral("%1, %2 of the RDA (%3)")
+                        .arg(withUnit(sum, unit), percent(ratio), withUnit(rda, unit));
+        else
+            text += QStringLiteral("no allowance set: %1. Set one in the preferences").arg(withUnit(sum, unit));
         for (const auto &[source, amount] : sources) {
-            if (!(amount > 0.0F))
-                break;
-            text += separator + TableCell::shortened(source) + u' ' + percent(amount / sum);
-            separator = QStringLiteral("; ");
+            if (amount > 0.0F)
+                text += u'\n' + TableCell::shortened(source) + u' ' + percent(amount / sum);
         }
-        return text;
+        return text + unknownText(index);
     };
+}
+
+// "no figure for 4 of 19 foods", on a line of its own, about the shown entries; nothing where each has one.
+QString AppDelegate::unknownText(int index) const
+{
+    const QList<int> selected = logtable->selectedRowIndexes();
+    int shown = 0;
+    int unknown = 0;
+    for (std::size_t row = 0; row < foods.size(); ++row) {
+        if (!selected.isEmpty() && !std::binary_search(selected.begin(), selected.end(), static_cast<int>(row)))
+            continue;
+        ++shown;
+        unknown += foods[row]->knowsNutrient(index) ? 0 : 1;
+    }
+    if (unknown == 0)
+        return {};
+    return QStringLiteral("\nno figure for %1 of %2 %3")
+        .arg(unknown)
+        .arg(shown)
+        .arg(shown == 1 ? QStringLiteral("food") : QStringLiteral("foods"));
 }
 
 // The three shown entries that give most of a displayed sum, with their amounts; amounts of 0 where there are fewer,

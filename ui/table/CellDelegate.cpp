@@ -3,7 +3,7 @@
 
 #include "ui/table/CellDelegate.h"
 
-#include "ui/controls/TextField.h"
+#include "ui/controls/NumberField.h"
 #include "ui/table/TableCell.h"
 #include "ui/table/TableModel.h"
 
@@ -16,16 +16,32 @@
 
 namespace {
 
-class CellEditor final : public TextField {
-public:
-    using TextField::TextField;
+// The text in an editor when it was opened.
+constexpr const char *shown = "shown";
 
-    QString shown; // when it was opened
-};
+// Lines of about so many characters can be read without turning the head; a tip is as long as the text in it.
+constexpr qsizetype tipwidth = 60;
+
+QString wrapped(const QString &text)
+{
+    QString lines;
+    for (QStringView rest : QStringView(text).split(u'\n')) {
+        while (rest.size() > tipwidth) {
+            const qsizetype blank = rest.first(tipwidth + 1).lastIndexOf(u' ');
+            const qsizetype whole = rest.at(tipwidth - 1).isHighSurrogate() ? tipwidth - 1 : tipwidth;
+            lines += rest.first(blank > 0 ? blank : whole).toString() + u'\n';
+            rest = rest.sliced(blank > 0 ? blank + 1 : whole);
+        }
+        lines += rest.toString() + u'\n';
+    }
+    lines.chop(1);
+    return lines;
+}
 
 QString plainToolTip(const QString &text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    const QString lines = wrapped(text);
+    return Qt::mightBeRichText(lines) ? Qt::convertFromPlainText(lines) : lines;
 }
 
 } // namespace
@@ -63,7 +79,7 @@ bool CellDelegate::helpEvent(
 QWidget *CellDelegate::createEditor(
     QWidget *parent, const QStyleOptionViewItem & /*option*/, const QModelIndex &index) const
 {
-    auto *editor = new CellEditor(parent);
+    auto *editor = new NumberField(parent);
     editor->setFrame(true);
     editor->setAlignment(cells->cell(index.column())->alignment());
     const QString title = cells->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString();
@@ -74,19 +90,17 @@ QWidget *CellDelegate::createEditor(
 
 void CellDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    auto *line = static_cast<CellEditor *>(editor);
-    line->shown = index.data(Qt::EditRole).toString();
-    line->setText(line->shown);
+    const QString text = index.data(Qt::EditRole).toString();
+    editor->setProperty(shown, text);
+    static_cast<NumberField *>(editor)->setText(text);
 }
 
 void CellDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
-    auto *line = static_cast<CellEditor *>(editor);
-    line->commitComposition();
-    const QString text = line->text();
-    if (text == line->shown)
-        return;
-    model->setData(index, text, Qt::EditRole);
+    auto *field = static_cast<NumberField *>(editor);
+    field->commitComposition();
+    if (field->text() != editor->property(shown).toString())
+        model->setData(index, field->number(), Qt::EditRole);
 }
 
 bool CellDelegate::eventFilter(QObject *object, QEvent *event)

@@ -7,8 +7,8 @@
 
 class TableModel;
 
-// Has a table's cells paint themselves, and edits a cell's text in a line edit. It holds nothing between two calls; an
-// open editor itself knows with which text it was opened.
+// Has a table's cells paint themselves, and edits a cell's number in a line edit. It holds nothing between two calls;
+// an open editor itself knows with which text it was opened.
 class CellDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 

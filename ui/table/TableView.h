@@ -114,6 +114,7 @@ private:
     void paintPastLastColumn(QPainter &painter, const QRect &exposed) const;
     [[nodiscard]] int lastRowAbove(int y) const;
     void selectionDidChange();
+    void selectCurrentRow();
     void ensureCurrent();
     void updateRowHeight();
     void updateDescription();

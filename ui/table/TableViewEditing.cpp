@@ -52,6 +52,13 @@ bool beginsNumber(const QString &text)
     return !text.isEmpty() && QStringView(u"0123456789.-").contains(text.front());
 }
 
+// Up or Down as they select, and not as they only move.
+bool isSelectingMove(const QKeyEvent *event)
+{
+    return (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+        && (modifiersOf(event) & ~Qt::ShiftModifier) == Qt::NoModifier;
+}
+
 // On some keyboards digits are typed with Shift.
 bool beginsNumber(const QKeyEvent *event)
 {
@@ -83,7 +90,20 @@ void TableView::keyPressEvent(QKeyEvent *event)
         QCoreApplication::sendEvent(openEditor(), event);
         return;
     }
+    const bool begins = isSelectingMove(event) && current.isValid() && !rowselection->hasSelection();
+    if (begins && event->modifiers().testFlag(Qt::ShiftModifier))
+        selectCurrentRow(); // Qt would extend from the row that a key came to last
     QTableView::keyPressEvent(event);
+    if (begins && currentIndex() == current)
+        selectCurrentRow(); // Qt selects only where it moves
+}
+
+// As a plain key does, proposing it; a selection is extended from there on.
+void TableView::selectCurrentRow()
+{
+    setSelectionMode(SingleSelection); // or a key held down with this one would say what becomes of it
+    setCurrentIndex(currentIndex());
+    setSelectionMode(ExtendedSelection);
 }
 
 void TableView::inputMethodEvent(QInputMethodEvent *event)
