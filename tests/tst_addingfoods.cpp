@@ -37,13 +37,14 @@ private slots:
         type("3 eggs");
         key(Qt::Key_Return, Qt::ControlModifier);
         type("1 cup buttermilk");
+        choose(QStringLiteral("Milk, buttermilk, fluid, whole"));
         key(Qt::Key_Return, Qt::ControlModifier);
         type("30 g gouda");
         key(Qt::Key_Return);
         QVERIFY2(keys <= 45, qPrintable(QString::number(keys)));
         QCOMPARE(run->entries(),
             QStringList({QStringLiteral("Egg, whole, raw, fresh 3 1 large 4"),
-                QStringLiteral("Milk, buttermilk, fluid, whole 1 1 cup 2"), QStringLiteral("Cheese, gouda 30 g 0")}));
+                QStringLiteral("Milk, buttermilk, fluid, whole 1 1 cup 1"), QStringLiteral("Cheese, gouda 30 g 0")}));
         const QStringList energies{QStringLiteral("214"), QStringLiteral("152"), QStringLiteral("107")};
         for (int row = 0; row < 3; ++row)
             QCOMPARE(shown(row, 3), energies[row]);
@@ -65,12 +66,11 @@ private slots:
     {
         start();
         add("gouda");
-        QCOMPARE(run->entries(), QStringList{QStringLiteral("Cheese, gouda 100 (absent) 0")});
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("Cheese, gouda 100 g 0")});
     }
 
     void aQuantityIsTheOneAskedForWhenUnitsKeepTheWeight()
     {
-        run.reset();
         start();
         run->store.setObject(true, QStringLiteral("RecalculateAmount"));
         add("3 eggs");
@@ -168,12 +168,27 @@ private:
         ++keys;
         QWidget *focus = QApplication::focusWidget();
         QTest::keyClick(focus != nullptr ? focus : run->controller.window, key, modifiers);
+        waitForFocus();
+    }
+    // A sheet that opens or closes hands the keyboard over a little later.
+    void waitForFocus()
+    {
+        QWidget *sheet = run->controller.addview;
+        if (!sheet->isVisible())
+            run->controller.window->activateWindow(); // which nobody else does without a window manager
+        QTRY_COMPARE(QApplication::activeWindow(), sheet->isVisible() ? sheet : run->controller.window);
         QTRY_VERIFY(QApplication::focusWidget() != nullptr);
     }
     void type(const char *text)
     {
         keys += int(qstrlen(text));
         QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
+    }
+    // With as many keys as it takes.
+    void choose(const QString &food)
+    {
+        for (int row = 0; row < 20 && foodlist()->currentIndex().data().toString() != food; ++row)
+            key(Qt::Key_Down);
     }
     void add(const char *query)
     {
@@ -208,12 +223,13 @@ private:
     {
         static const Wish wishes[] = {{QString(), 100, nullptr, 0}, {QStringLiteral("30 g "), 30, "g", 0},
             {QStringLiteral("2 cups "), 2, "1 cup", 1}, {QStringLiteral("1.5 cups "), 1.5F, "1 cup", 1},
-            {QStringLiteral("3 barrels "), 100, nullptr, 0}};
+            {QStringLiteral("3 bottles "), 100, nullptr, 0}};
         const Wish &wish = wishes[chance.draw(5)];
         const QString name = chance.foodName();
         const QString query = wish.words + name;
         run->controller.addview->setOwnFoods({}, 0);
         run->controller.addFood();
+        waitForFocus();
         QTest::keyClicks(QApplication::focusWidget(), query);
         const bool plain = foodlist()->currentIndex().data().toString() != name;
         if (plain) { // what was meant is not what was found

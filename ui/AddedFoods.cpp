@@ -40,7 +40,8 @@ void MainInterface::prepareFoodSheet()
     std::vector<LoggedFood> logged;
     if (store.boolForKey(SettingsKeys::OwnFoodsFirst)) {
         const QDate today = LocalDay::dateOf(controller.now());
-        const History::OwnFoods own(store, LocalDay::dateOf(controller.curdate), controller.curdatefoods);
+        const History::OwnFoods own(
+            store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods});
         for (const History::OwnFood &food : own.all())
             logged.push_back(
                 {food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
