@@ -90,6 +90,8 @@ int main()
     write("numbertext", "hexadecimal", "0x10");
     write("searchquery", "words", " milk whole");
     write("searchquery", "beginnings", " APR ra");
+    write("searchquery", "quantity", " 1 1/2 cups of milk");
+    write("searchquery", "grams", " half a dozen x 2,5kg");
     write("searchquery", "number", " 3.25% \303\251");
     write("searchquery", "utf16", QByteArray("\1e\0g\0g\0", 7));
     return EXIT_SUCCESS;

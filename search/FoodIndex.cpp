@@ -224,7 +224,7 @@ bool FoodIndex::isShelf(const Name &name, const Part &part) const
             return true;
         text += (i == part.first ? "" : " ") + word.text;
     }
-    return FoodLexicon::isShelf(text);
+    return FoodLexicon::isShelf(text, words[own[part.last + 1].word].text);
 }
 
 std::size_t FoodIndex::lowerBound(const QByteArray &text) const

@@ -27,12 +27,18 @@ QHash<QByteArray, Tone> toneTable()
     add(Tone::StopWord, "a all an and by for from in of on or s the to type types with without");
     add(Tone::Plain, "brewed fluid fresh granulated plain purpose raw regular ripe whole");
     add(Tone::Neutral,
-        "acid added air ascorbic average bleached boneless broilers calcium classes commercial commercially cooked d "
-        "drained enriched flesh fryers grades grain grams inch includes lean long mature meat milkfat mixed no only "
-        "ounce peel peeled per popped prepared propionate round salad salt salted separable skin solids species style "
+        "acid added air ascorbic average bleached boneless broilers caffeine calcium classes commercial commercially "
+        "contains cooked creamed curd d "
+        "drained enriched flesh fryers grades grain grams grounds heat inch includes large lean long mature meat "
+        "milkfat "
+        "mixed moist no "
+        "only "
+        "ounce peel peeled per popped prepared propionate round salad salt salted separable skin solids small species "
+        "style "
         "table tap trimmed unenriched unprepared varieties vitamin water year");
     add(Tone::Processed,
-        "breaded calorie candied canned coated concentrate condensed decaffeinated dehydrated diet dough dried dry "
+        "blend breaded calorie candied canned coated concentrate condensed decaffeinated dehydrated diet dough dried "
+        "dry "
         "evaporated extra fat flavor flavored flavors flour formulated fortified free fried frozen instant low lowfat "
         "mix mixture nonfat pickled powder powdered reduced refrigerated sauce smoked special spread stuffed sweetened "
         "syrup toasted vegetarian");
@@ -57,7 +63,7 @@ bool FoodLexicon::tellsState(const QByteArray &word)
     return words.contains(word);
 }
 
-bool FoodLexicon::isShelf(const QByteArray &part)
+bool FoodLexicon::isShelf(const QByteArray &part, const QByteArray &next)
 {
     static const QSet<QByteArray> parts = setOf(
         "alcoholic beverage,babyfood,beverage,beverages,candies,carbonated beverage,cereals,cereals ready to eat,"
@@ -65,7 +71,8 @@ bool FoodLexicon::isShelf(const QByteArray &part)
         "leavening agents,mollusks,nuts,restaurant,salad dressing,seeds,snack,snacks,spices,sweeteners,"
         "toaster pastries,tomato products",
         ',');
-    return parts.contains(part);
+    // Mayonnaise is called so; bacon and buttermilk dressings are not.
+    return parts.contains(part) && (part != "salad dressing" || next == "mayonnaise");
 }
 
 bool FoodLexicon::isForFew(const QByteArray &word)
@@ -97,9 +104,9 @@ bool FoodLexicon::isUnknownFood(const QByteArray &word)
 
 bool FoodLexicon::isFlesh(const QByteArray &word)
 {
-    static const QSet<QByteArray> words
-        = setOf("beef bison buffalo chicken crustaceans deer duck emu fish game goose ground guinea lamb mollusks "
-                "ostrich pheasant pork poultry quail squab turkey veal");
+    static const QSet<QByteArray> words = setOf("beef bison buffalo chicken crustaceans deer duck emu fish game goose "
+                                                "ground guinea ham bratwurst bacon sausage lamb mollusks "
+                                                "ostrich pheasant pork poultry quail squab turkey veal");
     return words.contains(word);
 }
 

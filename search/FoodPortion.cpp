@@ -29,8 +29,9 @@ struct Measure {
     bool mass = false;
     bool serving = false; // "serving", "cup (8 fl oz)": what somebody has at once
     bool yield = false; // what some raw weight comes to
+    bool package = false; // it may hold any number of pieces
 
-    [[nodiscard]] bool isPiece() const { return !volume && !mass && !serving && !yield && !words.empty(); }
+    [[nodiscard]] bool isPiece() const { return !volume && !mass && !serving && !yield && !package && !words.empty(); }
     [[nodiscard]] bool has(const QByteArray &word) const
     {
         return std::find(words.begin(), words.end(), word) != words.end();
@@ -64,6 +65,8 @@ double volumeIn(const std::vector<Token> &tokens)
     return 0;
 }
 
+constexpr std::array packages{"bag", "box", "jar", "loaf", "package", "recipe"};
+
 Measure measureOf(const QString &title, int index)
 {
     Measure measure;
@@ -93,6 +96,8 @@ Measure measureOf(const QString &title, int index)
         if (!measure.words.empty())
             measure.words.erase(measure.words.begin());
     }
+    measure.package = std::any_of(packages.begin(), packages.end(),
+        [&](const char *package) { return !measure.words.empty() && isSame(measure.words.front(), package); });
     const auto unit = MeasureText::unitAt(tokens, first);
     const double told = volumeIn(tokens) * measure.count;
     measure.mass = unit && unit->unit.kind == Unit::Kind::Mass;
@@ -273,7 +278,11 @@ private:
             return any;
         if (const Measure *serving = first([](const Measure &one) { return one.serving; }))
             return serving;
-        return first([](const Measure &one) { return !one.volume && !one.mass; });
+        // Nobody who counts twenty chips has eaten twenty bags.
+        constexpr double mostpackages = 2;
+        return first([&](const Measure &one) {
+            return !one.volume && !one.mass && (!one.package || quantity.count <= mostpackages);
+        });
     }
 
     const FoodQuantity &quantity;

@@ -132,7 +132,8 @@ private:
         if (!number && unit) {
             // A measure alone is one of it: "tbsp honey", "slice of bread". A size alone is a word for the food.
             const bool of = isWord(tokens, next + unit->count, "of");
-            if (!isTelling(unit->unit, tokens[next]) || (unit->unit.kind == Unit::Kind::Measure && !of))
+            if (!isTelling(unit->unit, tokens[next]) || (unit->unit.kind != Unit::Kind::Volume && !of)
+                || tokens.size() <= unit->count)
                 return;
             number = Number{1, 0};
         }

@@ -54,6 +54,7 @@ struct Coverage {
     Match headstart = Match::None;
     Match headnoun = Match::None;
     bool pastheadstart = false;
+    bool joint = false; // the head is two foods, of which not both were asked for: "Bacon and beef sticks"
 
     void add(const FoodIndex::NameWord &word, Match match)
     {
@@ -78,9 +79,9 @@ Tier tierOf(const Coverage &coverage, const FoodIndex::Name &name)
     };
     if (all(coverage.whole, {Place::Head, Place::Shelf, Place::Alias}))
         return Tier::WholeHead;
-    if (coverage.headstart == Match::Whole || all(coverage.whole, {Place::Kind, Place::Aside}))
+    if ((coverage.headstart == Match::Whole && !coverage.joint) || all(coverage.whole, {Place::Kind, Place::Aside}))
         return Tier::HeadStart;
-    if (coverage.headnoun == Match::Whole)
+    if (coverage.headnoun == Match::Whole || coverage.headstart == Match::Whole)
         return Tier::HeadNoun;
     if (all(coverage.matched, {Place::Head, Place::Shelf}))
         return Tier::HeadPrefix;
@@ -114,7 +115,13 @@ public:
             total += meaning.cooked ? FoodIndex::plainWeight : 0;
             return;
         }
-        if (word.byProduct)
+        if (next != nullptr && next->text == "heat")
+            own = 0; // "dry heat" is no dried food
+        else if (next != nullptr && next->text == "or" && meaning.processed)
+            own = 0; // "canned or bottled" is any
+        else if (next != nullptr && next->text == "caffeine" && meaning.text == "without")
+            own = FoodIndex::processedWeight;
+        else if (word.byProduct)
             own = FoodIndex::processedWeight;
         else if (word.place == Place::Shelf)
             own = shelfweight;
@@ -173,6 +180,8 @@ std::optional<FoodRank> FoodRank::of(
         rank.forFew = rank.forFew && !(whole && meaning.forFew);
         if (meaning.counts())
             coverage.add(words[i], matches[i]);
+        else if (words[i].place == Place::Head && matches[i] == Match::None && meaning.text == "and")
+            coverage.joint = true;
     }
     rank.tier = tierOf(coverage, name);
     rank.prefixes = terms->prefixes;

@@ -70,21 +70,12 @@ const std::vector<int> &FoodSearch::search(const QString &query)
     prepare();
     const QString text = query.left(longestquery);
     const std::vector<FoodQuantity::Reading> quantities = FoodQuantity::readings(text);
-    const bool bare = !quantities.empty() && !quantities.front().number.isEmpty();
     Answer whole;
-    if (quantities.empty() || bare)
+    if (quantities.empty())
         whole = answerTo(text);
-    if (!bare || !isOfFood(quantities.front(), whole)) {
-        for (const FoodQuantity::Reading &reading : quantities) {
-            Answer answer = answerTo(reading.rest);
-            if (answer.ranks.empty())
-                continue;
-            askedquantity = reading.quantity;
-            whole = std::move(answer);
-            break;
-        }
-    }
-    if (whole.ranks.empty() && !quantities.empty() && !bare)
+    else if (quantities.front().number.isEmpty() || !isOfFood(quantities.front(), text, whole))
+        whole = answerToRest(quantities);
+    if (whole.ranks.empty() && !quantities.empty())
         whole = answerTo(text);
     if (whole.ranks.empty()) {
         whole = partialAnswerTo(quantities.empty() ? text : quantities.front().rest);
@@ -104,6 +95,20 @@ FoodSearch::Answer FoodSearch::answerTo(const QString &query) const
     Answer answer = rank(FoodQuery::readings(words, *index), false);
     if (answer.ranks.empty() && std::erase_if(words, FoodLexicon::isServing) > 0 && !words.empty())
         answer = rank(FoodQuery::readings(words, *index), false);
+    return answer;
+}
+
+// The answer to the first reading that finds something.
+FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Reading> &quantities)
+{
+    Answer answer;
+    for (const FoodQuantity::Reading &reading : quantities) {
+        answer = answerTo(reading.rest);
+        if (answer.ranks.empty())
+            continue;
+        askedquantity = reading.quantity;
+        break;
+    }
     return answer;
 }
 
@@ -135,35 +140,46 @@ FoodSearch::Answer FoodSearch::rank(std::vector<FoodQuery::Reading> from, bool p
     return answer;
 }
 
-// Whether some name that has all the words has the number beside the word that it stands beside in the query, or has a
-// number that is too large for a count of pieces.
-bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const Answer &whole) const
+// Whether the name has the number beside the word that it stands beside in the query, or has a number that is too large
+// for a count of pieces.
+bool FoodSearch::claims(const FoodIndex::Name &name, const FoodQuantity::Reading &reading, int number) const
 {
     constexpr double mostpieces = 12;
     constexpr qsizetype shortestprefix = 3;
-    const auto &vocabulary = index->vocabulary();
-    const auto &synonyms = foodSynonyms(); // "7 up"
-    if (std::any_of(synonyms.begin(), synonyms.end(), [&](const FoodSynonym &each) {
-            return reading.neighbourAfter && each.said.size() > 1 && each.said[0] == reading.number
-                && each.said[1] == reading.neighbour;
-        }))
-        return true;
-    const auto isNeighbour = [&](const QByteArray &word) {
-        return word == reading.neighbour
-            || (reading.neighbour.size() >= shortestprefix && word.startsWith(reading.neighbour));
-    };
-    return std::any_of(whole.ranks.begin(), whole.ranks.end(), [&](const FoodRank &rank) {
-        const FoodIndex::Name &name = index->names()[static_cast<std::size_t>(rank.name)];
-        const FoodIndex::NameWord *words = index->wordsOf(name);
-        for (int i = 0; i < name.count; ++i) {
-            if (vocabulary[words[i].word].text != reading.number)
-                continue;
-            const int beside = reading.neighbourAfter ? i + 1 : i - 1;
-            if (reading.quantity.count > mostpieces
-                || (beside >= 0 && beside < name.count && isNeighbour(vocabulary[words[beside].word].text)))
-                return true;
-        }
+    const FoodIndex::NameWord *words = index->wordsOf(name);
+    for (int i = 0; i < name.count; ++i) {
+        if (words[i].word != number)
+            continue;
+        const int beside = reading.neighbourAfter ? i + 1 : i - 1;
+        if (reading.quantity.count > mostpieces)
+            return true;
+        if (beside < 0 || beside >= name.count)
+            continue;
+        const QByteArray &word = index->vocabulary()[words[beside].word].text;
+        if (word == reading.neighbour
+            || (reading.neighbour.size() >= shortestprefix && word.startsWith(reading.neighbour)))
+            return true;
+    }
+    return false;
+}
+
+// Whether the bare number of the reading belongs to the food: to a synonym ("7 up") or to a name that has all the
+// words.
+bool FoodSearch::isOfFood(const FoodQuantity::Reading &reading, const QString &query, Answer &whole) const
+{
+    const auto &synonyms = foodSynonyms();
+    const bool said = std::any_of(synonyms.begin(), synonyms.end(), [&](const FoodSynonym &each) {
+        return reading.neighbourAfter && each.said.size() > 1 && each.said[0] == reading.number
+            && each.said[1] == reading.neighbour;
+    });
+    const auto &names = index->names();
+    const int number = index->find(reading.number);
+    const auto isClaimedBy = [&](const FoodIndex::Name &name) { return claims(name, reading, number); };
+    if (!said && (number < 0 || std::none_of(names.begin(), names.end(), isClaimedBy)))
         return false;
+    whole = answerTo(query);
+    return said || std::any_of(whole.ranks.begin(), whole.ranks.end(), [&](const FoodRank &rank) {
+        return isClaimedBy(names[static_cast<std::size_t>(rank.name)]);
     });
 }
 

@@ -67,7 +67,9 @@ private:
     [[nodiscard]] Answer answerTo(const QString &query) const;
     [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
     [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
-    [[nodiscard]] bool isOfFood(const FoodQuantity::Reading &reading, const Answer &whole) const;
+    [[nodiscard]] Answer answerToRest(const std::vector<FoodQuantity::Reading> &quantities);
+    [[nodiscard]] bool claims(const FoodIndex::Name &name, const FoodQuantity::Reading &reading, int number) const;
+    [[nodiscard]] bool isOfFood(const FoodQuantity::Reading &reading, const QString &query, Answer &whole) const;
     [[nodiscard]] std::optional<FoodRank> bestRank(
         const Answer &answer, int name, const FoodQuery::Reading **by = nullptr) const;
 
