@@ -14,7 +14,8 @@
 
 #include <QLocale>
 
-// What the interface does around adding foods: what the sheet is told before, and the quantities that are entered after.
+// What the interface does around adding foods: what the sheet is told before, and the quantities that are entered
+// after.
 
 namespace {
 
@@ -43,8 +44,7 @@ void MainInterface::prepareFoodSheet()
         const History::OwnFoods own(
             store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods});
         for (const History::OwnFood &food : own.all())
-            logged.push_back(
-                {food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
+            logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
     }
     addview->setOwnFoods(std::move(logged), int(History::OwnFoods::listed));
 }
