@@ -297,7 +297,7 @@ constexpr Helping helpings[] = {
     {"pinon nuts", 28.0F},
     {"*seeds, *butter", 30.0F},
     {"seeds, flaxseed", 10.0F},
-    {"seeds, chia", 15.0F},
+    {"seeds, chia", 28.0F},
     {"seeds, sesame seeds", 9.0F},
     {"seeds, poppy", 3.0F},
     {"seeds,", 28.0F},

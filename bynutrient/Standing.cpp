@@ -96,6 +96,24 @@ constexpr RankedPattern patterns[] = {
     {"broccoli, leaves", Rank::Further},
     {"eppaw", Rank::NotAsSuch},
     {"plantains, raw", Rank::NotAsSuch},
+    {"goose", Rank::Further},
+    {"mollusks, octopus", Rank::Further},
+    {"crustaceans, spiny lobster", Rank::Further},
+    {"crustaceans, crayfish", Rank::Further},
+    {"fish, eel", Rank::Further},
+    {"fish, carp", Rank::Further},
+    {"fish, roe", Rank::Further},
+    {"game meat, deer", Rank::Further},
+    {"*cured, breakfast strips", Rank::Further},
+    {"*petite tender", Rank::Further},
+    {"ham and cheese spread", Rank::Further},
+    {"spinach souffle", Rank::Further},
+    {"milk, chocolate", Rank::Further},
+    {"rice and wheat cereal bar", Rank::Further},
+    {"waffle", Rank::Further},
+    {"toaster pastries", Rank::Further},
+    {"lamb, new zealand", Rank::Further},
+    {"lamb, australian", Rank::Further},
     {"fish, shad", Rank::Further},
     {"fish, milkfish", Rank::Further},
     {"fish, spot", Rank::Further},
@@ -204,7 +222,6 @@ constexpr RankedPattern patterns[] = {
     {"*ensure", Rank::Further},
     {"nutritional supplement", Rank::Further},
     {"meal supplement", Rank::Further},
-    {"*with added nutrients", Rank::Further},
     {"*powder, prepared", Rank::Further},
     {"*powder, chocolate, prepared", Rank::Further},
     {"*dry mix, *prepared", Rank::Further},
@@ -217,7 +234,7 @@ constexpr RankedPattern patterns[] = {
     {"*concentrate, *diluted with", Rank::Everyday},
     {"hibiscus tea", Rank::Further},
     {"game meat, bison", Rank::Everyday},
-    {"game meat, deer", Rank::Everyday},
+    {"game meat, deer", Rank::Further},
     {"game meat", Rank::Further},
     {"emu", Rank::Further},
     {"ostrich", Rank::Further},
@@ -587,6 +604,8 @@ Keys keysOf(std::string_view name)
         keys.food = "chicken";
     } else if (hasWord(head, "turkey")) {
         keys.food = "turkey";
+    } else if (head == "bison") {
+        keys.food = "game meat";
     } else if (head == "pork" && parts.size() > 1 && parts[1] == "cured") {
         keys.food = "ham and bacon";
     }

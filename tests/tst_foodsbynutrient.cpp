@@ -211,7 +211,7 @@ private slots:
                 QVERIFY2(food.rank == Standing::Rank::Everyday, qPrintable(where));
                 QVERIFY2(rows[i].amount > 0.0F && rows[i].amount <= above, qPrintable(where));
                 QVERIFY2(++of[food.food] <= (food.shelf == 0 ? 3 : 2), qPrintable(where));
-                QVERIFY2(food.shelf == 0 || ++ofshelf[food.shelf] <= 12, qPrintable(where));
+                QVERIFY2(food.shelf == 0 || ++ofshelf[food.shelf] <= 10, qPrintable(where));
                 above = rows[i].amount;
             }
         }
