@@ -5,50 +5,18 @@
 // expat can do with the same file. Every 13th food of the list, 601 real files; the turns of one food follow each
 // other.
 
+#include "bench/BarePass.h"
 #include "bench/Turns.h"
 #include "catalog/FoodCatalogue.h"
 #include "model/Food.h"
 #include "platform/Bundle.h"
 
-#include <QFile>
-
-#include <cstdio>
 #include <cstdlib>
-#include <expat.h>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr qsizetype step = 13;
 constexpr std::size_t rounds = 41;
-
-void nothing(void *user, const XML_Char *element, const XML_Char **attributes)
-{
-    (void)user;
-    (void)element;
-    (void)attributes;
-}
-
-// Open, read, parse, close; the start tags are handed to nobody.
-void parseBare(const QByteArray &path)
-{
-    const int descriptor = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
-    XML_Parser parser = XML_ParserCreate(nullptr);
-    XML_SetStartElementHandler(parser, nothing);
-    for (;;) {
-        constexpr int chunk = 16384;
-        const auto count = static_cast<int>(::read(descriptor, XML_GetBuffer(parser, chunk), chunk));
-        if (XML_ParseBuffer(parser, count, count == 0 ? 1 : 0) != XML_STATUS_OK) {
-            std::fprintf(stderr, "%s is no food file\n", path.constData());
-            std::exit(EXIT_FAILURE);
-        }
-        if (count == 0)
-            break;
-    }
-    XML_ParserFree(parser);
-    ::close(descriptor);
-}
 
 void load(const QString &name)
 {
@@ -67,13 +35,12 @@ int main()
     const QStringList all = FoodCatalogue::foodNames();
     for (qsizetype i = 0; i < all.size(); i += step) {
         names.append(all[i]);
-        paths.push_back(QFile::encodeName(
-            Bundle::mainBundle().pathForResource(all[i], QStringLiteral("xml"), QStringLiteral("Database.xml"))));
+        paths.push_back(BarePass::pathOf(all[i]));
     }
     const Turns::Pair pair = Turns::inTurns(
         paths.size() * rounds,
         [&](std::size_t turn) { return Turns::milliseconds([&] { load(names[qsizetype(turn / rounds)]); }); },
-        [&](std::size_t turn) { return Turns::milliseconds([&] { parseBare(paths[turn / rounds]); }); });
+        [&](std::size_t turn) { return Turns::milliseconds([&] { BarePass::parse(paths[turn / rounds]); }); });
     Turns::Figures figures;
     figures.ratio(QStringLiteral("loading a food against a bare pass of expat"), pair, 1.5);
     return figures.exitCode();
