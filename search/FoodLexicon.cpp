@@ -29,13 +29,13 @@ QHash<QByteArray, Tone> toneTable()
     add(Tone::Neutral,
         "acid added air ascorbic average bleached boneless broilers caffeine calcium classes commercial commercially "
         "contains cooked creamed curd d "
-        "drained enriched flesh fryers grades grain grams grounds heat inch includes large lean long mature meat "
+        "drained enriched equal flesh fryers grades grain grams grounds heat inch includes large lean long mature meat "
         "milkfat "
         "mixed moist no "
         "only "
         "ounce peel peeled per popped prepared propionate round salad salt salted separable skin solids small species "
         "style "
-        "table tap trimmed unenriched unprepared varieties vitamin water year");
+        "table tap trimmed unenriched unprepared varieties volume vitamin water year");
     add(Tone::Processed,
         "blend breaded calorie candied canned coated concentrate condensed decaffeinated dehydrated diet dough dried "
         "dry "
@@ -97,8 +97,8 @@ bool FoodLexicon::isIdle(const QByteArray &word)
 bool FoodLexicon::isUnknownFood(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(
-        "banh biryani bao cortado gyoza kefir kimchi kombucha korma laksa matcha masala naan pavlova pho poutine ramen "
-        "risotto satay seitan sushi tempura tikka tiramisu wellington wasabi za'atar");
+        "banh bao biryani carbonara dumpling edamame gyoza jambalaya kefir kimchi korma laksa masala matcha moussaka "
+        "naan paella pesto pho risotto satay seitan tandoori tempura tikka tiramisu vindaloo wellington");
     return words.contains(word);
 }
 
@@ -112,9 +112,10 @@ bool FoodLexicon::isFlesh(const QByteArray &word)
 
 bool FoodLexicon::isCut(const QByteArray &word)
 {
-    static const QSet<QByteArray> words
-        = setOf("black chunk chunks cubes cutlet fillet fillets filet green halves loin mince pieces red spray stick "
-                "portion portions rings scramble slices steak steaks sticks strips toast wedges white yellow");
+    static const QSet<QByteArray> words = setOf(
+        "bake black bowl casserole chunk chunks cubes cutlet dip fillet fillets filet green halves heart hearts kebab "
+        "leaves loin mince pieces plate platter portion portions red rings sandwich sandwiches scramble skewer skewers "
+        "slices spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow");
     return words.contains(word);
 }
 

@@ -25,8 +25,8 @@ enum class Tone {
 // cured, bacon", "broilers or fryers" in "Chicken, broilers or fryers, breast".
 [[nodiscard]] bool tellsState(const QByteArray &word);
 
-// Whether a name's first part is where in a shop the food stands and not what it is: "nuts", "fast foods". `next` is the
-// word after it.
+// Whether a name's first part is where in a shop the food stands and not what it is: "nuts", "fast foods". `next` is
+// the word after it.
 [[nodiscard]] bool isShelf(const QByteArray &part, const QByteArray &next);
 
 // Whether a name with this word is of baby food or of one people's kitchen, wanted only by who asks for it.

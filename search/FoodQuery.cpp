@@ -98,6 +98,7 @@ void correctSpelling(Term &term, const FoodIndex &index)
 {
     constexpr qsizetype shortestprefix = 6; // fewer letters, one of them wrong, begin too much
     const auto &vocabulary = index.vocabulary();
+    term.corrected = true;
     for (const bool prefix : {false, true}) {
         const Match match = prefix ? Match::Prefix : Match::Whole;
         if (prefix && term.text.size() < shortestprefix)
@@ -261,7 +262,7 @@ private:
             reading.terms.push_back(std::move(term));
         }
         const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(),
-            [](const Term &term) { return term.found && !FoodLexicon::isCut(term.text); });
+            [](const Term &term) { return term.found && !term.corrected && !FoodLexicon::isCut(term.text); });
         if (noun != reading.terms.rend())
             noun->noun = true;
         for (Term &term : reading.terms)

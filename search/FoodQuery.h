@@ -25,6 +25,7 @@ struct Term {
     QByteArray text;
     std::vector<Match> matches; // one for each word of the vocabulary
     bool found = false; // some word matches
+    bool corrected = false; // the words that match are not what was typed
     bool noun = false; // what the food is: of "pumpkin latte" the latte, of "lamb leg" both
 
     [[nodiscard]] Match match(const FoodIndex::NameWord &word) const { return matches[word.word]; }
