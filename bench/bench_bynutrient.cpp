@@ -59,7 +59,7 @@ int main()
             return Turns::milliseconds([&] { Turns::keep(foods.list(nutrient, basis)); });
         },
         beside);
-    figures.time(QStringLiteral("another nutrient or basis"), later, another, NutrientCatalogue::nutrientCount);
+    figures.time(QStringLiteral("another nutrient or basis"), later, another);
 
     std::vector<int> all(static_cast<std::size_t>(names.size()));
     std::iota(all.begin(), all.end(), 0);

@@ -14,7 +14,7 @@ constexpr int energy = 0; // its nutrient index
 // At most so many of the first rows.
 constexpr int sameFood = 3;
 constexpr int sameKind = 2; // of what stands on a shelf: tuna among the fish
-constexpr int sameShelf = 12; // or there would be nothing but fish
+constexpr int sameShelf = 10; // or there would be nothing but fish
 
 // A row's place before its amount counts. What holds nothing of it comes after what does, and both before what nobody
 // eats as it is.

@@ -115,7 +115,7 @@ bool FoodLexicon::isCut(const QByteArray &word)
     static const QSet<QByteArray> words = setOf(
         "bake black bowl casserole chunk chunks cubes cutlet dip fillet fillets filet green halves heart hearts kebab "
         "leaves loin mince pieces plate platter portion portions red rings sandwich sandwiches scramble skewer skewers "
-        "slices spray steak steaks stick sticks strips tips toast wedges white wrap yellow");
+        "slices spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow");
     return words.contains(word);
 }
 

@@ -227,6 +227,11 @@ private:
                     = reading.neighbourAfter ? reading.quantity.foodwords.front() : reading.quantity.foodwords.back();
             }
         }
+        if (unit.name == "can" || unit.name == "tin") {
+            FoodQuantity::Reading canned = reading;
+            canned.rest += QStringLiteral(" canned");
+            answer.push_back(std::move(canned));
+        }
         answer.push_back(std::move(reading));
     }
 

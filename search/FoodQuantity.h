@@ -24,9 +24,9 @@ struct FoodQuantity {
     // A query with its quantity taken out.
     struct Reading;
 
-    // The ways to read a query with a quantity, the likeliest first, at most three. Empty when it holds none, or
-    // nothing else. Which one is meant, or whether the number belongs to the food after all ("100 grand"), only the
-    // names can tell.
+    // The ways to read a query with a quantity, the likeliest first, at most four: of "a can of tuna" the canned one
+    // first. Empty when it holds none, or nothing else. Which one is meant, or whether the number belongs to the food
+    // after all ("100 grand"), only the names can tell.
     [[nodiscard]] static std::vector<Reading> readings(QStringView query);
 };
 

@@ -98,16 +98,17 @@ FoodSearch::Answer FoodSearch::answerTo(const QString &query) const
     return answer;
 }
 
-// The answer to the first reading that finds something.
+// The answer to the first reading that finds something, and that by whole words unless it is the last.
 FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Reading> &quantities)
 {
     Answer answer;
     for (const FoodQuantity::Reading &reading : quantities) {
         answer = answerTo(reading.rest);
-        if (answer.ranks.empty())
+        const bool another = &reading != &quantities.back();
+        if (answer.ranks.empty() || (another && answer.ranks.front().prefixes > 0))
             continue;
         askedquantity = reading.quantity;
-        break;
+        return answer;
     }
     return answer;
 }

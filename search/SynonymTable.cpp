@@ -623,6 +623,8 @@ constexpr Row table[] = {
     {"happy meal", "mcdonalds hamburger"},
     {"bucket|kfc", "kentucky fried chicken"},
     {"bk|burger king", "burger king"},
+    {"mahi|mahi mahi|mahimahi", "fish dolphinfish"},
+    {"omega 3|cod liver oil|fish oil capsule|omega 3 fish oil", "fish oil"},
     {"skim milk powder|skimmed milk powder|powdered skim milk|nonfat dry milk|milk powder nonfat|nonfat milk "
      "powder|fat free milk powder",
         "milk dry nonfat"},

@@ -26,14 +26,21 @@ private slots:
         QTest::addColumn<QString>("food");
         QTest::addColumn<QString>("said");
         QTest::addColumn<QString>("chosen"); // "amount|unit"
-        QTest::newRow("pieces") << "3 eggs" << egg << "3 \u00d7 1 large, 150 g, 214 kcal" << "3|1 large";
-        QTest::newRow("a measure, once")
-            << "1 cup buttermilk fluid" << buttermilk << "1 cup, 245 g, 152 kcal" << "1|1 cup";
-        QTest::newRow("grams") << "30 g gouda" << "Cheese, gouda" << "30 g, 107 kcal" << "30|g";
+        QTest::newRow("pieces") << "3 eggs" << egg << "3 \u00d7 1 large, 150 g, 214 kcal"
+                                << "3|1 large";
+        QTest::newRow("a measure, once") << "1 cup buttermilk fluid" << buttermilk << "1 cup, 245 g, 152 kcal"
+                                         << "1|1 cup";
+        QTest::newRow("grams") << "30 g gouda"
+                               << "Cheese, gouda"
+                               << "30 g, 107 kcal"
+                               << "30|g";
         QTest::newRow("a part") << "half a banana" << banana
                                 << "0.5 \u00d7 1 large (8\" to 8-7/8\" long), 68 g, 61 kcal"
                                 << "0.5|1 large (8\" to 8-7/8\" long)";
-        QTest::newRow("nothing") << "gouda" << "Cheese, gouda" << "In 100 g" << "";
+        QTest::newRow("nothing") << "gouda"
+                                 << "Cheese, gouda"
+                                 << "In 100 g"
+                                 << "";
     }
 
     void thePreviewSaysWhatTheQueryAsksFor()
@@ -266,8 +273,8 @@ private slots:
     {
         logFoods();
         open();
-        const QModelIndexList both = list()->model()->match(
-            list()->model()->index(0, 0), Qt::DisplayRole, banana, 2, Qt::MatchExactly);
+        const QModelIndexList both
+            = list()->model()->match(list()->model()->index(0, 0), Qt::DisplayRole, banana, 2, Qt::MatchExactly);
         QCOMPARE(both.size(), 2);
         list()->setCurrentIndex(both[1]);
         QCOMPARE(text("amountlabel"), QStringLiteral("In 100 g"));
@@ -292,8 +299,7 @@ private slots:
         open();
         type(query.toLatin1().constData());
         QCOMPARE(current(), buttermilk);
-        QCOMPARE(list()->currentIndex().data(FoodListModel::MarkRole).toString(),
-            QStringLiteral("yesterday, 1 cup"));
+        QCOMPARE(list()->currentIndex().data(FoodListModel::MarkRole).toString(), QStringLiteral("yesterday, 1 cup"));
         QVERIFY(text("notelabel").contains(QLatin1String("Alt+Enter adds 1 cup")));
         press(Qt::Key_Return, alt ? Qt::AltModifier : Qt::NoModifier);
         QTEST(handedOver(buttermilk), "chosen");

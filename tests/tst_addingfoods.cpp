@@ -14,8 +14,10 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QRandomGenerator>
+#include <QTreeWidget>
 #include <QtTest>
 
 // Foods and how much of them, from the keyboard through the sheet into the log.
@@ -37,13 +39,14 @@ private slots:
         type("3 eggs");
         key(Qt::Key_Return, Qt::ControlModifier);
         type("1 cup buttermilk");
+        choose(QStringLiteral("Milk, buttermilk, fluid, whole"));
         key(Qt::Key_Return, Qt::ControlModifier);
         type("30 g gouda");
         key(Qt::Key_Return);
         QVERIFY2(keys <= 45, qPrintable(QString::number(keys)));
         QCOMPARE(run->entries(),
             QStringList({QStringLiteral("Egg, whole, raw, fresh 3 1 large 4"),
-                QStringLiteral("Milk, buttermilk, fluid, whole 1 1 cup 2"), QStringLiteral("Cheese, gouda 30 g 0")}));
+                QStringLiteral("Milk, buttermilk, fluid, whole 1 1 cup 1"), QStringLiteral("Cheese, gouda 30 g 0")}));
         const QStringList energies{QStringLiteral("214"), QStringLiteral("152"), QStringLiteral("107")};
         for (int row = 0; row < 3; ++row)
             QCOMPARE(shown(row, 3), energies[row]);
@@ -65,12 +68,11 @@ private slots:
     {
         start();
         add("gouda");
-        QCOMPARE(run->entries(), QStringList{QStringLiteral("Cheese, gouda 100 (absent) 0")});
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("Cheese, gouda 100 g 0")});
     }
 
     void aQuantityIsTheOneAskedForWhenUnitsKeepTheWeight()
     {
-        run.reset();
         start();
         run->store.setObject(true, QStringLiteral("RecalculateAmount"));
         add("3 eggs");
@@ -102,7 +104,8 @@ private slots:
 
     void onesOwnFoodsComeFirstOnlyWhenWanted()
     {
-        store(QDate(2026, 11, 20), QStringLiteral("Milk, nonfat, fluid, with added vitamin A and vitamin D (fat free or skim)"), 1,
+        store(QDate(2026, 11, 20),
+            QStringLiteral("Milk, nonfat, fluid, with added vitamin A and vitamin D (fat free or skim)"), 1,
             QStringLiteral("1 cup"));
         for (const bool wanted : {true, false}) {
             start();
@@ -115,7 +118,7 @@ private slots:
         }
     }
 
-    // Names that the random foods of the naive log have, so many of a unit of theirs.
+    // What the preview says of a food is what both logs get, whatever the food's file is like.
     void theLogDoesWhatTheNaiveOneDoesWhenFoodsComeWithQuantities()
     {
         const quint32 seed = QRandomGenerator::system()->generate();
@@ -139,22 +142,15 @@ private slots:
         run->controller.foodlistcontroller->setContent(names);
         for (int i = 0; i < 400; ++i) {
             ++naive.moment;
-            const QString what = chance.percent(70) ? addBoth(chance, naive) : disturbBoth(chance, naive);
+            const QString what = chance.percent(60) ? addBoth(chance, naive) : disturbBoth(chance, naive);
             const QString difference = differenceBetween(*run, naive);
             QVERIFY2(difference.isEmpty(),
                 qPrintable(QStringLiteral("seed %1, step %2 (%3): %4").arg(seed).arg(i).arg(what, difference)));
         }
-        QVERIFY(entered > 50);
+        QVERIFY2(entered > 50, qPrintable(QString::number(entered)));
     }
 
 private:
-    struct Wish {
-        QString words; // before the name
-        float amount; // of the unit
-        const char *unit; // none: nothing is said
-        int idx;
-    };
-
     void start()
     {
         // The food files that the program ships, in the place of the test's own.
@@ -168,12 +164,27 @@ private:
         ++keys;
         QWidget *focus = QApplication::focusWidget();
         QTest::keyClick(focus != nullptr ? focus : run->controller.window, key, modifiers);
+        waitForFocus();
+    }
+    // A sheet that opens or closes hands the keyboard over a little later.
+    void waitForFocus()
+    {
+        QWidget *sheet = run->controller.addview;
+        if (!sheet->isVisible())
+            run->controller.window->activateWindow(); // which nobody else does without a window manager
+        QTRY_COMPARE(QApplication::activeWindow(), sheet->isVisible() ? sheet : run->controller.window);
         QTRY_VERIFY(QApplication::focusWidget() != nullptr);
     }
     void type(const char *text)
     {
         keys += int(qstrlen(text));
         QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(text));
+    }
+    // With as many keys as it takes.
+    void choose(const QString &food)
+    {
+        for (int row = 0; row < 20 && foodlist()->currentIndex().data().toString() != food; ++row)
+            key(Qt::Key_Down);
     }
     void add(const char *query)
     {
@@ -185,10 +196,7 @@ private:
     {
         return run->controller.logtable->model()->index(row, column).data().toString();
     }
-    QListView *foodlist() const
-    {
-        return run->controller.window->findChild<QListView *>(QStringLiteral("foodlist"));
-    }
+    QListView *foodlist() const { return run->controller.window->findChild<QListView *>(QStringLiteral("foodlist")); }
     QString rowText(int row) const
     {
         const QModelIndex index = foodlist()->model()->index(row, 0);
@@ -203,37 +211,39 @@ private:
             .setObject(QVariantList{FoodRecord::archivedDataWithRootObject(food)}, LocalDay::key(day));
     }
 
-    // Through the sheet by its keys into the one log, as plain steps into the other.
+    // Through the sheet by its keys into the one log; what the sheet says before the last key, by plain steps, into the
+    // other.
     QString addBoth(Chance &chance, Naive::Log &naive)
     {
-        static const Wish wishes[] = {{QString(), 100, nullptr, 0}, {QStringLiteral("30 g "), 30, "g", 0},
-            {QStringLiteral("2 cups "), 2, "1 cup", 1}, {QStringLiteral("1.5 cups "), 1.5F, "1 cup", 1},
-            {QStringLiteral("3 barrels "), 100, nullptr, 0}};
-        const Wish &wish = wishes[chance.draw(5)];
+        static constexpr const char *wishes[] = {"", "30 g ", "2 cups ", "1.5 cups ", "3 bottles ", "2 "};
         const QString name = chance.foodName();
-        const QString query = wish.words + name;
-        run->controller.addview->setOwnFoods({}, 0);
+        const QString query = QString::fromLatin1(wishes[chance.draw(int(std::size(wishes)))]) + name;
+        QWidget *sheet = run->controller.addview;
         run->controller.addFood();
+        waitForFocus();
         QTest::keyClicks(QApplication::focusWidget(), query);
-        const bool plain = foodlist()->currentIndex().data().toString() != name;
-        if (plain) { // what was meant is not what was found
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-            naive.add({});
-            return query + QStringLiteral(" not found");
+        const auto *units = sheet->findChild<QTreeWidget *>(QStringLiteral("measurelist"));
+        if (chance.percent(20)) {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+            QTest::keyClicks(QApplication::focusWidget(), QString::fromLatin1(chance.number()));
         }
-        Composition composition;
-        static_cast<void>(composition.read(name));
+        const QString added = foodlist()->currentIndex().data().toString();
+        const bool plain
+            = sheet->findChild<QLabel *>(QStringLiteral("amountlabel"))->text() == QLatin1String("In 100 g");
+        const std::string amount = sheet->findChild<QLineEdit *>(QStringLiteral("amountfield"))->text().toStdString();
+        const int unit = units->indexOfTopLevelItem(units->currentItem());
+        const std::string title = units->currentItem()->text(0).toStdString();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        waitForFocus();
 
         const std::size_t former = naive.foods.size();
         auto food = std::make_shared<Naive::Food>();
-        food->name = name.toStdString();
+        food->name = added.toStdString();
         naive.add({food});
-        const bool haswish = wish.unit != nullptr && composition.unitTitles().indexOf(QLatin1String(wish.unit)) == wish.idx;
-        if (naive.foods.size() > former && haswish) {
-            naive.changeUnit(former, wish.unit, wish.idx);
-            naive.editAmount(former, QString::number(double(wish.amount)).toStdString());
+        if (naive.foods.size() > former && !plain) {
+            naive.changeUnit(former, title, unit);
+            naive.editAmount(former, amount);
             naive.updateNutrients();
             ++entered;
         }
@@ -242,11 +252,11 @@ private:
     QString disturbBoth(Chance &chance, Naive::Log &naive)
     {
         const int rows = int(naive.foods.size());
-        if (rows > 0 && chance.percent(50)) {
+        if (rows > 0 && chance.percent(80)) {
             const int row = chance.draw(rows);
             naive.select({std::size_t(row)});
             run->select({row});
-            if (chance.percent(60)) {
+            if (chance.percent(90)) {
                 naive.remove();
                 run->controller.removeSelected();
             }

@@ -14,7 +14,8 @@
 
 #include <QLocale>
 
-// What the interface does around adding foods: what the sheet is told before, and the quantities that are entered after.
+// What the interface does around adding foods: what the sheet is told before, and the quantities that are entered
+// after.
 
 namespace {
 
@@ -40,10 +41,10 @@ void MainInterface::prepareFoodSheet()
     std::vector<LoggedFood> logged;
     if (store.boolForKey(SettingsKeys::OwnFoodsFirst)) {
         const QDate today = LocalDay::dateOf(controller.now());
-        const History::OwnFoods own(store, LocalDay::dateOf(controller.curdate), controller.curdatefoods);
+        const History::OwnFoods own(
+            store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods});
         for (const History::OwnFood &food : own.all())
-            logged.push_back(
-                {food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
+            logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
     }
     addview->setOwnFoods(std::move(logged), int(History::OwnFoods::listed));
 }

@@ -40,9 +40,8 @@ void AddFoodSheet::makeControls()
     nohitslabel->setAlignment(Qt::AlignCenter);
     auto *inlist = new QVBoxLayout(ui->foodlist->viewport());
     inlist->addWidget(nohitslabel);
-    for (QObject *watched : std::initializer_list<QObject *>{
-             ui->searchfield, ui->foodlist, ui->foodlist->viewport(), ui->tobeaddedlist, ui->preview->measures(),
-             ui->preview->amountField()})
+    for (QObject *watched : std::initializer_list<QObject *>{ui->searchfield, ui->foodlist, ui->foodlist->viewport(),
+             ui->tobeaddedlist, ui->preview->measures(), ui->preview->amountField()})
         watched->installEventFilter(this);
 
     // The field's own button, which shows a cross and says nothing.

@@ -24,9 +24,9 @@ class AddFoodSheet;
 // goes to the field. Enter adds what is chosen, Ctrl+Enter keeps it on the list "To be added" and clears the field for
 // the next food, so that a whole meal goes in at once.
 //
-// What a row or the preview says of a food is what gets added: the quantity in the query, else the one that a row of the
-// person's own foods tells, else what was entered in the preview, which comes before both. A food of which nothing is
-// said is added as 100 g. Alt+Enter adds as much as was logged last.
+// What a row or the preview says of a food is what gets added: the quantity in the query, else the one that a row of
+// the person's own foods tells, else what was entered in the preview, which comes before both. A food of which nothing
+// is said is added as 100 g. Alt+Enter adds as much as was logged last.
 //
 // However it is closed, the sheet sends addSelectedFoods() and waits for its owner to close it by done(): Cancel, Esc
 // and the title bar's button only empty the selection first. While something is typed, Esc clears it and nothing else.

@@ -155,6 +155,6 @@ std::array<FoodPreview::Figure, 5> FoodPreview::figures() const
     const auto nutrient = [](const char *name) { return NutrientCatalogue::indexOfNutrient(name); };
     return {{{nutrient("Energy"), ui->energylabel, ui->energyfigure, 0},
         {nutrient("Carbs"), ui->carbslabel, ui->carbsfigure, 1},
-        {nutrient("Protein"), ui->proteinlabel, ui->proteinfigure, 1}, {nutrient("Fat"), ui->fatlabel, ui->fatfigure, 1},
-        {nutrient("Fiber"), ui->fiberlabel, ui->fiberfigure, 1}}};
+        {nutrient("Protein"), ui->proteinlabel, ui->proteinfigure, 1},
+        {nutrient("Fat"), ui->fatlabel, ui->fatfigure, 1}, {nutrient("Fiber"), ui->fiberlabel, ui->fiberfigure, 1}}};
 }
