@@ -7,15 +7,17 @@
 
 #include <QObject>
 
+#include <array>
 #include <memory>
 
 class AddFoodSheet;
 class AppDelegate;
-class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
 class QCheckBox;
+class QDialog;
+class ShortcutsSheet;
 class UserDefaults;
 namespace Ui {
 class MainWindow;
@@ -56,6 +58,20 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // ui/MainInterfaceColumns.cpp
+    void connectColumns();
+    void restoreColumns(const UserDefaults &store);
+    // Nothing unless the person changed a width, now or in an earlier run.
+    void saveColumns(UserDefaults &store) const;
+    void arrangeColumns();
+    void arrangeLogColumns();
+    void arrangeNutrientColumns();
+
+    // ui/MainInterfaceHelp.cpp
+    void connectHelp();
+    void showShortcuts();
+    void showAbout();
+
     // ui/MainInterfaceDay.cpp
     void connectDay();
     // The weekday, how far from today, and the window's title.
@@ -76,9 +92,13 @@ private:
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
+    // What the person made them, 0 where the room decides: the log's amount, unit and energy, the nutrients' name.
+    std::array<int, 4> columnwidths{};
+    bool arranging = false;
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
-    SheetSize *addviewsize;
+    ShortcutsSheet *shortcuts = nullptr; // until it is first asked for
+    QDialog *about = nullptr;
     InputGuard inputguard;
 };
