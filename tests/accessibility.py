@@ -18,6 +18,7 @@ PATIENCE = 10  # seconds for any one answer; the machine may be busy
 
 # Titles, as regular expressions: the main window's names the day.
 MAIN, ADD, PREFERENCES, HISTORY = ".* - Provender", "Add food", "Preferences", "History"
+SHORTCUTS, ABOUT = "Keyboard shortcuts", "About Provender"
 MILK = "Milk, whole, 3.25% milkfat, with added vitamin D"
 EGG = "Egg, whole, raw, fresh"
 BANANA = "Bananas, raw"
@@ -366,6 +367,26 @@ def set_allowance(program, nutrients):
     program.close(PREFERENCES, "Escape")
 
 
+def read_help(program):
+    program.open(SHORTCUTS, "F1")
+    check_names(program, SHORTCUTS)
+    check_tab(program, SHORTCUTS)
+    keys = program.named(SHORTCUTS, "Keyboard shortcuts", pyatspi.ROLE_TREE)
+    read = [node.name for node in walk(keys, 200)]
+    if "Add Food" not in read or read[read.index("Add Food") + 1] != "Ctrl+N":
+        raise Failure(f"The shortcuts are {read}")
+    program.close(SHORTCUTS, "Escape")
+    item = next(node for node in walk(program.window(MAIN)) if node.name.startswith("About"))
+    item.queryAction().doAction(0)
+    program.focus(ABOUT)
+    check_names(program, ABOUT)
+    check_tab(program, ABOUT)
+    path = text_of(program.named(ABOUT, "Your log"))
+    if not path.endswith("/provender/preferences.sqlite"):
+        raise Failure(f"The store is said to be {path!r}")
+    program.close(ABOUT, "Escape")
+
+
 def check_day(program, log, nutrients, entries):
     expect("the log", entries, log.rows)
     row = nutrients.row_of("Vitamin C")
@@ -463,6 +484,7 @@ def first_day(path):
         check_tab(program, MAIN)
 
         set_allowance(program, nutrients)
+        read_help(program)
         check_day(program, log, nutrients, entries)
         switch_to_amounts_and_back(program, nutrients)
         program.quit()

@@ -10,6 +10,7 @@
 #include <QList>
 #include <QObject>
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,13 +19,14 @@ class AddFoodSheet;
 class AppDelegate;
 class HistorySheet;
 class OtherDay;
-class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
 class TableView;
 class QCheckBox;
 class QDateTime;
+class QDialog;
+class ShortcutsSheet;
 class UserDefaults;
 namespace Ui {
 class MainWindow;
@@ -66,6 +68,20 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // ui/MainInterfaceColumns.cpp
+    void connectColumns();
+    void restoreColumns(const UserDefaults &store);
+    // Nothing unless the person changed a width, now or in an earlier run.
+    void saveColumns(UserDefaults &store) const;
+    void arrangeColumns();
+    void arrangeLogColumns();
+    void arrangeNutrientColumns();
+
+    // ui/MainInterfaceHelp.cpp
+    void connectHelp();
+    void showShortcuts();
+    void showAbout();
+
     // ui/MainInterfaceDay.cpp
     void connectDay();
     // The weekday, how far from today, and the window's title.
@@ -115,13 +131,16 @@ private:
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
+    // What the person made them, 0 where the room decides: the log's amount, unit and energy, the nutrients' name.
+    std::array<int, 4> columnwidths{};
+    bool arranging = false;
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday;
-    SheetSize *addviewsize;
     HistorySheet *history = nullptr; // until it is first opened
-    SheetSize *daysheetsize = nullptr;
+    ShortcutsSheet *shortcuts = nullptr; // until it is first asked for
+    QDialog *about = nullptr;
     InputGuard inputguard;
     MenuItems menuitems;
 };
