@@ -332,6 +332,10 @@ private slots:
 
     void whatCountsForNothingIsToldWhileItIsTyped()
     {
+        QPalette theme = table->palette();
+        theme.setColor(QPalette::ToolTipBase, Qt::darkBlue);
+        theme.setColor(QPalette::ToolTipText, Qt::cyan);
+        table->setPalette(theme);
         makeCurrent(2, amount);
         press(Qt::Key_F2);
         const auto told = [this] {

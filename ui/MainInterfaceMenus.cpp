@@ -45,17 +45,19 @@ void MainInterface::makeMenus()
 
 void MainInterface::addRowMenu(TableView *table, const QString &name, const QList<QAction *> &items)
 {
-    auto *menu = new QMenu(table);
-    menu->setObjectName(table->objectName() + QStringLiteral("menu"));
-    menu->setAccessibleName(name);
-    for (QAction *item : items) {
-        if (item != nullptr)
-            menu->addAction(item);
-        else
-            menu->addSeparator();
-    }
-    menuitems.watch(menu);
-    connect(table, &TableView::rowMenuWanted, menu, [menu](const QPoint &place) { menu->popup(place); });
+    connect(table, &TableView::rowMenuWanted, this, [this, table, name, items](const QPoint &place) {
+        auto *menu = new QMenu(table);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->setAccessibleName(name);
+        for (QAction *item : items) {
+            if (item != nullptr)
+                menu->addAction(item);
+            else
+                menu->addSeparator();
+        }
+        menuitems.watch(menu);
+        menu->popup(place);
+    });
 }
 
 void MainInterface::setConditions()

@@ -38,9 +38,10 @@ void CellMenu::initStyleOption(QStyleOptionMenuItem *option, const QAction *acti
     const QString detail = action->data().toString();
     if (detail.isEmpty())
         return;
-    // Where a style paints a shortcut; a tab in the action's own text would be read aloud with it.
+    // Where a style paints a shortcut; a tab in the action's own text would be read aloud with it. With its own width
+    // kept free, each ends where the others do.
     option->text += u'\t' + detail;
-    option->reservedShortcutWidth = detailwidth;
+    option->reservedShortcutWidth = fontMetrics().horizontalAdvance(detail + u' ');
 }
 
 void CellMenu::keyPressEvent(QKeyEvent *event)
