@@ -43,19 +43,23 @@ struct Habit {
     std::array<double, 7> likelihood;
 };
 
-// For each query of the tests, one of the foods that it may mean, whichever that is: no two queries have the same one.
+// For each query of the tests, one of the foods that it may mean, whichever that is, as long as the search finds it at
+// all: no two queries have the same one.
 std::vector<Wish> everydayWishes(QRandomGenerator &chance)
 {
     const QStringList names = FoodCatalogue::foodNames();
     QFile file(QStringLiteral(SOURCE_DIR "/tests/data/queries.tsv"));
     if (!file.open(QIODevice::ReadOnly))
         qFatal("no queries");
+    FoodSearch search(names);
     std::vector<Wish> wishes;
     std::vector<int> taken;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
     for (const QString &line : lines) {
         if (line.startsWith(u'#'))
             continue;
+        const QString typed = line.section(u'\t', 0, 0);
+        const std::vector<int> found = search.search(typed);
         std::vector<int> meant;
         const QStringList patterns = line.section(u'\t', 1).split(QStringLiteral(" | "));
         for (const QString &pattern : patterns) {
@@ -67,11 +71,12 @@ std::vector<Wish> everydayWishes(QRandomGenerator &chance)
                     meant.push_back(food);
             }
         }
+        std::erase_if(meant, [&](int food) { return std::find(found.begin(), found.end(), food) == found.end(); });
         if (meant.empty())
             continue;
         const int food = meant[std::size_t(chance.bounded(int(meant.size())))];
         taken.push_back(food);
-        wishes.push_back({line.section(u'\t', 0, 0), food});
+        wishes.push_back({typed, food});
     }
     std::shuffle(wishes.begin(), wishes.end(), chance);
     return wishes;
