@@ -332,12 +332,15 @@ def items_of_menu(opening):
 def check_row_menus(program):
     expect("the menu of a row of the log", ["Edit Amount", "Choose Unit", "Cut", "Copy", "(Paste)", "Remove"],
            lambda: items_of_menu("Menu"))
+    expect("the focus after the row's menu", "Foods of the day", lambda: focused(program, MAIN))
+    heard.clear()
     press("alt+Down", "End")
     units = children(until("the menu of units", lambda: last_heard(pyatspi.ROLE_MENU_ITEM)).parent)
     expect("the last unit", units[-1].name, lambda: last_heard(pyatspi.ROLE_MENU_ITEM).name)
     press("l")
     expect("the unit that begins with a letter", "1 large", lambda: last_heard(pyatspi.ROLE_MENU_ITEM).name)
     press("Escape")
+    expect("the focus after the menu of units", "Foods of the day", lambda: focused(program, MAIN))
     go_to(program, MAIN, "Nutrients")
     expect("the menu of a nutrient", ["Set Allowance…"], lambda: items_of_menu("Menu"))
 

@@ -44,6 +44,13 @@ private slots:
             run->controller.datepicker->setFocus();
             press(Qt::Key_Up);
         });
+        row("a date that was typed and left", [this] {
+            DatePicker *picker = run->controller.datepicker;
+            picker->setDisplayFormat(QStringLiteral("dd"));
+            picker->setFocus();
+            type(QStringLiteral("22"));
+            nutrients()->setFocus();
+        });
         row("the button of the day before",
             [this] { QTest::mouseClick(find<QWidget>("previousdaybutton"), Qt::LeftButton); });
     }

@@ -191,7 +191,8 @@ void MainInterface::connectCommands()
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         main->logtable->endEditing();
-        leaveDayFor(main->datepicker->dateValue());
+        if (main->datepicker->isInUse())
+            leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
         showKept();
     });
