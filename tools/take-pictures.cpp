@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPalette>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
@@ -168,7 +169,16 @@ void takeSheets(Day &day, Pictures &pictures)
     day.rdamenu->setCurrentIndex(day.rdamenu->findText(QStringLiteral("Vitamin C")));
     day.RDAtick();
     pictures.take(*day.preferences, QStringLiteral("preferences"));
+    day.preferences->findChild<QPushButton *>(QStringLiteral("resetbutton"))->click();
+    pictures.take(*day.preferences, QStringLiteral("question"));
     day.hidePrefs();
+    for (const char *name : {"shortcuts", "about"}) {
+        day.window->findChild<QAction *>(QLatin1String("action") + QLatin1String(name))->trigger();
+        Pictures::settle();
+        QWidget *sheet = QApplication::activeModalWidget();
+        pictures.take(*sheet, QLatin1String(name));
+        sheet->close();
+    }
 }
 
 // Vitamin C in the history, as large as the window, small and large, and the foods and days.
@@ -209,8 +219,8 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3) {
-        std::fputs("usage: take-pictures <folder> day|dark|large\n", stderr);
+    if (arguments.size() != 3 && arguments.size() != 5) {
+        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name of the picture>]\n", stderr);
         return 2;
     }
     const QString &kind = arguments[2];
@@ -233,7 +243,11 @@ int main(int argc, char **argv)
             std::fputs("take-pictures: a food of the day lacks its unit\n", stderr);
             return 1;
         }
-        if (kind == QStringLiteral("day")) {
+        if (arguments.size() == 5) {
+            const QStringList size = arguments[3].split(u'x');
+            day.window->resize(size.value(0).toInt(), size.value(1).toInt());
+            pictures.take(*day.window, arguments[4]);
+        } else if (kind == QStringLiteral("day")) {
             pictures.take(*day.window, QStringLiteral("main"));
             store.setObject(false, QStringLiteral("UseP"));
             interface.show();
@@ -246,6 +260,8 @@ int main(int argc, char **argv)
             takeHistory(day, pictures, QStringLiteral("history"), true);
             day.window->resize(800, 500);
             pictures.take(*day.window, QStringLiteral("small"));
+            day.nextDay();
+            pictures.take(*day.window, QStringLiteral("tomorrow"));
         } else {
             pictures.take(*day.window, kind);
             takeOtherDay(day, pictures, QStringLiteral("another-day-") + kind);

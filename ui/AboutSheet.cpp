@@ -16,6 +16,9 @@ AboutSheet::AboutSheet(QWidget *window, const QString &storepath)
     setWindowTitle(tr("About Provender"));
     auto *rows = new QFormLayout(this);
     rows->setSizeConstraint(QLayout::SetFixedSize);
+    rows->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
+    rows->setHorizontalSpacing(18);
+    rows->setVerticalSpacing(10);
     const int width = fontMetrics().averageCharWidth() * 56;
     const auto addRow = [&](const QString &title, const QString &text) {
         auto *label = new QLabel(text, this);

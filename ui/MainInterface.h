@@ -133,6 +133,8 @@ private:
     std::unique_ptr<Ui::PreferencesSheet> prefs;
     // What the person made them, 0 where the room decides: the log's amount, unit and energy, the nutrients' name.
     std::array<int, 4> columnwidths{};
+    int unitwidth = 0; // that the units shown need
+    int nutrientwidth = 0; // that the nutrients' names need
     bool arranging = false;
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is

@@ -44,10 +44,15 @@ int unitWidth(const TableView &log)
 
 void MainInterface::connectColumns()
 {
-    for (TableView *table : {main->logtable, main->nutrienttable}) {
+    for (TableView *table : {main->logtable, main->nutrienttable})
         table->viewport()->installEventFilter(this);
-        connect(table, &TableView::reloaded, this, &MainInterface::arrangeColumns);
-    }
+    for (const QString &name : NutrientCatalogue::names())
+        nutrientwidth = std::max(nutrientwidth, textWidth(*main->nutrienttable, QStringLiteral("      ") + name));
+    connect(main->logtable, &TableView::reloaded, this, [this] {
+        unitwidth = unitWidth(*main->logtable);
+        arrangeColumns();
+    });
+    connect(main->usep, &QAbstractButton::toggled, this, &MainInterface::arrangeColumns);
     connect(main->logtable->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int section, int, int size) {
         if (!arranging && section >= amountcolumn)
             columnwidths[std::size_t(section - amountcolumn)] = size;
@@ -94,7 +99,7 @@ void MainInterface::arrangeLogColumns()
     const int energy = textWidth(log, QStringLiteral("100000"));
     const int narrowunit = textWidth(log, QStringLiteral("1 tbsp")) + arrow;
     const int room = log.viewport()->width() - amount - name - energy;
-    const int unit = std::max(narrowunit, std::min(room, unitWidth(log)));
+    const int unit = std::max(narrowunit, std::min(room, unitwidth));
     const std::pair<int, int> widths[] = {{amountcolumn, amount}, {unitcolumn, unit}, {energycolumn, energy}};
     for (const auto &[column, width] : widths) {
         const int chosen = columnwidths[std::size_t(column - amountcolumn)];
@@ -105,10 +110,7 @@ void MainInterface::arrangeLogColumns()
 void MainInterface::arrangeNutrientColumns()
 {
     TableView &nutrients = *main->nutrienttable;
-    int name = columnwidths.back();
-    if (name == 0)
-        for (const QString &each : NutrientCatalogue::names())
-            name = std::max(name, textWidth(nutrients, QStringLiteral("      ") + each));
+    const int name = columnwidths.back() > 0 ? columnwidths.back() : nutrientwidth;
     // The number is seen whole, whatever becomes of the name.
     const QString number = main->usep->isChecked() ? QStringLiteral("10000 %") : QStringLiteral("10000.00 kcal");
     const int room = nutrients.viewport()->width() - textWidth(nutrients, number);

@@ -31,6 +31,7 @@ QTreeWidgetItem *group(const QString &title)
     QFont font;
     font.setBold(true);
     item->setFont(0, font);
+    item->setSizeHint(0, {0, QFontMetrics(font).height() * 3 / 2}); // of all rows, which are alike
     item->setFlags(Qt::ItemIsEnabled);
     item->setFirstColumnSpanned(true);
     item->setData(1, Qt::AccessibleTextRole, title); // a screen reader comes to this cell too
@@ -51,6 +52,7 @@ ShortcutsSheet::ShortcutsSheet(QMainWindow *window)
     keys->header()->setStretchLastSection(true);
     keys->setRootIsDecorated(false);
     keys->setItemsExpandable(false);
+    keys->setUniformRowHeights(true);
     keys->setIndentation(fontMetrics().averageCharWidth() * 2);
     keys->installEventFilter(this);
     auto *close = new QPushButton(tr("&Close"), this);
@@ -82,6 +84,8 @@ void ShortcutsSheet::open()
             delete keys->takeTopLevelItem(i);
     keys->expandAll();
     keys->resizeColumnToContents(0);
+    keys->setColumnWidth(0, keys->columnWidth(0) + 2 * fontMetrics().averageCharWidth());
+    keys->setCurrentItem(keys->topLevelItem(0)->child(0));
     keys->setFocus();
     QDialog::open();
 }
