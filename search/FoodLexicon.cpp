@@ -122,6 +122,7 @@ bool FoodLexicon::isCut(const QByteArray &word)
 bool FoodLexicon::isServing(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(
-        "bit bottle bowl can cup fresh glass handful homemade some organic piece pint plate portion serving slice");
+        "bit bottle bowl can carton cup extra fresh glass handful half homemade large medium organic piece pint plate "
+        "portion scoop serving slice small some");
     return words.contains(word) || tone(word) == Tone::StopWord;
 }

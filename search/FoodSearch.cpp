@@ -77,11 +77,13 @@ const std::vector<int> &FoodSearch::search(const QString &query)
         whole = answerToRest(quantities);
     if (whole.ranks.empty() && !quantities.empty())
         whole = answerTo(text);
-    if (whole.ranks.empty()) {
-        whole = partialAnswerTo(quantities.empty() ? text : quantities.front().rest);
-        if (!whole.ranks.empty() && !quantities.empty())
-            askedquantity = quantities.front().quantity;
-    }
+    const bool none = whole.ranks.empty();
+    complete(whole,
+        none && !quantities.empty() ? quantities.front().rest
+            : askedquantity         ? quantities.front().rest
+                                    : text);
+    if (none && !whole.ranks.empty() && !quantities.empty())
+        askedquantity = quantities.front().quantity;
     last = std::move(whole);
     found.reserve(last.ranks.size());
     for (const FoodRank &rank : last.ranks)
@@ -110,6 +112,50 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
         askedquantity = reading.quantity;
         return answer;
     }
+    return answer;
+}
+
+// What is meant where all the words together find nothing, nothing but baby food, or little of the food itself: of
+// "scone with jam" the scone, else the names that match the most of the words.
+void FoodSearch::complete(Answer &whole, const QString &query) const
+{
+    constexpr std::size_t few = 5;
+    const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
+    if (!unmeant && whole.ranks.size() >= few)
+        return;
+    Answer main = answerToMain(query);
+    if (!main.ranks.empty() && !unmeant) {
+        if (!(main.ranks.front().tier < whole.ranks.front().tier))
+            return;
+        whole.readings.insert(whole.readings.end(), main.readings.begin(), main.readings.end());
+        for (const FoodRank &rank : main.ranks)
+            if (std::none_of(whole.ranks.begin(), whole.ranks.end(),
+                    [&](const FoodRank &each) { return each.name == rank.name; }))
+                whole.ranks.push_back(rank);
+        return;
+    }
+    if (!unmeant)
+        return;
+    if (main.ranks.empty())
+        main = partialAnswerTo(query);
+    if (!main.ranks.empty() && !main.ranks.front().forFew)
+        whole = std::move(main);
+}
+
+// The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.
+FoodSearch::Answer FoodSearch::answerToMain(const QString &query) const
+{
+    std::vector<QByteArray> words = QueryWords::of(query);
+    const auto joint = std::find_if(words.begin(), words.end(),
+        [](const QByteArray &word) { return word == "with" || word == "on" || word == "in"; });
+    if (joint == words.begin() || joint == words.end())
+        return {};
+    std::vector<QByteArray> rest(joint, words.end());
+    words.erase(joint, words.end());
+    std::erase_if(words, FoodLexicon::isServing);
+    std::erase_if(rest, FoodLexicon::isServing);
+    Answer answer = rank(words.empty() ? std::vector<FoodQuery::Reading>() : FoodQuery::readings(words, *index), false);
+    answer.missing = std::move(rest);
     return answer;
 }
 
@@ -202,6 +248,8 @@ std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, con
 QStringList FoodSearch::missingWords() const
 {
     QStringList missing;
+    for (const QByteArray &word : last.missing)
+        missing << QString::fromLatin1(word);
     if (!last.partial || last.ranks.empty())
         return missing;
     const int name = last.ranks.front().name;

@@ -62,9 +62,12 @@ private:
         std::vector<FoodQuery::Reading> readings;
         std::vector<FoodRank> ranks; // the least first
         bool partial = false;
+        std::vector<QByteArray> missing; // words that were left out
     };
 
     [[nodiscard]] Answer answerTo(const QString &query) const;
+    void complete(Answer &whole, const QString &query) const;
+    [[nodiscard]] Answer answerToMain(const QString &query) const;
     [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
     [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
     [[nodiscard]] Answer answerToRest(const std::vector<FoodQuantity::Reading> &quantities);
