@@ -66,6 +66,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectFields();
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
+    connectHistory();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);
@@ -160,7 +161,6 @@ void MainInterface::connectCommands()
         endEditing();
         main->logtable->deselectAll();
     });
-    connect(main->actionhistory, &QAction::triggered, this, [this] { openHistory(main->actionquit); });
     connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
 
     const std::pair<QAbstractButton *, QAction *> buttons[] = {

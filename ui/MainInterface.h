@@ -62,8 +62,10 @@ private:
     void showKept();
 
     // ui/History.cpp
-    void openHistory(QAction *quit);
-    void makeHistory(QAction *quit);
+    void connectHistory();
+    void openHistory();
+    void makeHistory();
+    void goToLoggedDay(bool later);
     [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
 
     // Sends the operation when the action is chosen, after endEditing().
