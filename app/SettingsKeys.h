@@ -27,7 +27,7 @@ inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
 inline const QString ColumnWidths = QStringLiteral("ColumnWidths");
 inline const QString ShortcutsSheetSize = QStringLiteral("ShortcutsSheetSize");
 inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
-inline const QString HistorySize = QStringLiteral("HistorySize");
+inline const QString HistorySheetSize = QStringLiteral("HistorySheetSize");
 inline const QString DaySheetSize = QStringLiteral("DaySheetSize");
 
 } // namespace SettingsKeys

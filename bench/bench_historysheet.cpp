@@ -17,7 +17,10 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QMainWindow>
+#include <QTableWidget>
 #include <QTemporaryDir>
+
+#include <functional>
 
 namespace {
 
@@ -85,38 +88,46 @@ private:
     HistorySheet *sheet;
 };
 
-// A dialog of that size with nothing in it: work of the same kind.
-double openEmptyDialog(std::size_t)
-{
-    QMainWindow window;
-    window.resize(1080, 680);
-    window.show();
-    QDialog dialog(&window);
-    dialog.resize(window.size());
-    QCoreApplication::processEvents();
-    return Turns::milliseconds([&] {
-        dialog.open();
+// A plain table that is painted: work of the same kind.
+class Plain final {
+public:
+    Plain()
+        : table(20, 4)
+    {
+        for (int row = 0; row < table.rowCount(); ++row) {
+            for (int column = 0; column < table.columnCount(); ++column)
+                table.setItem(row, column, new QTableWidgetItem(QStringLiteral("row %1, %2").arg(row).arg(column)));
+        }
+        table.resize(800, 600);
+        table.show();
         QCoreApplication::processEvents();
-    });
-}
+    }
+    double operator()(std::size_t /*turn*/)
+    {
+        return Turns::milliseconds([this] { table.viewport()->repaint(); });
+    }
 
-void openings(Turns::Figures &figures, const UserDefaults &store)
+private:
+    QTableWidget table;
+};
+
+void openings(Turns::Figures &figures, const UserDefaults &store, Plain &plain)
 {
     const auto open = [&](std::size_t) {
         Sheet sheet(store);
         return Turns::milliseconds([&] { sheet.open(); });
     };
     figures.time(QStringLiteral("first opening on 30 days, 20 years in the store"),
-        Turns::inTurns(31, open, openEmptyDialog), 40.0);
+        Turns::inTurns(31, open, std::ref(plain)), 40.0);
     const auto toYear = [&](std::size_t) {
         Sheet sheet(store);
         sheet.open();
         return Turns::milliseconds([&] { sheet.chooseLength(3); });
     };
-    figures.time(QStringLiteral("from 30 days to 1 year"), Turns::inTurns(31, toYear, openEmptyDialog), 60.0);
+    figures.time(QStringLiteral("from 30 days to 1 year"), Turns::inTurns(31, toYear, std::ref(plain)), 60.0);
 }
 
-void keys(Turns::Figures &figures, const UserDefaults &store, const QString &what, int length)
+void keys(Turns::Figures &figures, const UserDefaults &store, Plain &plain, const QString &what, int length)
 {
     Sheet sheet(store);
     sheet.open();
@@ -125,8 +136,8 @@ void keys(Turns::Figures &figures, const UserDefaults &store, const QString &wha
         return [&, pressed](std::size_t) { return Turns::milliseconds([&] { sheet.press(pressed); }); };
     };
     const QString title = QStringLiteral("a key of the cursor, ") + what;
-    figures.time(title, Turns::inTurns(101, key(Qt::Key_Left), openEmptyDialog), 4.0);
-    const Turns::Pair nutrient = Turns::inTurns(31, key(Qt::Key_Down), openEmptyDialog);
+    figures.time(title, Turns::inTurns(101, key(Qt::Key_Left), std::ref(plain)), 4.0);
+    const Turns::Pair nutrient = Turns::inTurns(31, key(Qt::Key_Down), std::ref(plain));
     figures.figure(QStringLiteral("the next nutrient, ") + what, Turns::medianOf(nutrient.measured));
 }
 
@@ -141,9 +152,10 @@ int main(int argc, char **argv)
     UserDefaults store(home.filePath(QStringLiteral("provender/preferences.sqlite")));
     makeStore(store);
     Turns::Figures figures;
-    openings(figures, store);
-    keys(figures, store, QStringLiteral("30 days"), 1);
-    keys(figures, store, QStringLiteral("1 year"), 3);
-    keys(figures, store, QStringLiteral("20 years"), 4);
+    Plain plain;
+    openings(figures, store, plain);
+    keys(figures, store, plain, QStringLiteral("30 days"), 1);
+    keys(figures, store, plain, QStringLiteral("1 year"), 3);
+    keys(figures, store, plain, QStringLiteral("20 years"), 4);
     return figures.exitCode();
 }

@@ -315,14 +315,13 @@ private slots:
         QTest::newRow("a text") << QVariant(QStringLiteral("900x600"));
         QTest::newRow("one number") << QVariant(QVariantList{qint64(900)});
         QTest::newRow("nothing of it") << QVariant(QVariantList{qint64(0), qint64(600)});
-        QTest::newRow("larger than all screens") << QVariant(QVariantList{qint64(900), qint64(600000)});
     }
 
     void aSizeThatIsNoneIsDropped()
     {
         QFETCH(QVariant, stored);
         start();
-        run->store.setObject(stored, QStringLiteral("HistorySize"));
+        run->store.setObject(stored, QStringLiteral("HistorySheetSize"));
         open();
         QCOMPARE(sheet()->size(), window()->size());
     }

@@ -7,38 +7,62 @@
 #include "app/SettingsKeys.h"
 #include "platform/LocalDay.h"
 #include "platform/UserDefaults.h"
+#include "ui/CalendarMarks.h"
 #include "ui/MainInterface.h"
-#include "ui/WindowState.h"
+#include "ui/SheetSize.h"
 #include "ui/controls/DatePicker.h"
 #include "ui/historysheet/HistorySheet.h"
+#include "ui_MainWindow.h"
 
-#include <QAction>
-#include <QGuiApplication>
 #include <QMainWindow>
-#include <QScreen>
 
-// Made when it is first asked for: most runs never do.
-void MainInterface::makeHistory(QAction *quit)
+void MainInterface::connectHistory()
 {
-    history = new HistorySheet(window.get());
-    history->addAction(quit);
-    QRect screens;
-    for (const QScreen *screen : QGuiApplication::screens())
-        screens |= screen->geometry();
-    const QVariant stored = UserDefaults::standardUserDefaults().objectForKey(SettingsKeys::HistorySize);
-    history->resize(WindowState::sizeOf(stored, screens.size()).value_or(window->size()));
-    // The date field takes it as if it had been chosen there.
-    connect(history, &HistorySheet::dayChosen, controller.datepicker, &DatePicker::setDate);
+    connect(main->actionhistory, &QAction::triggered, this, &MainInterface::openHistory);
+    connect(main->actionpreviousloggedday, &QAction::triggered, this, [this] { goToLoggedDay(false); });
+    connect(main->actionnextloggedday, &QAction::triggered, this, [this] { goToLoggedDay(true); });
+    new CalendarMarks(main->datepicker, [this](const History::Period &period) {
+        return History::DayReader(UserDefaults::standardUserDefaults()).readOnly(period, shownDay());
+    });
 }
 
-void MainInterface::openHistory(QAction *quit)
+// Made when it is first asked for: most runs never do.
+void MainInterface::makeHistory()
+{
+    history = new HistorySheet(window.get());
+    history->addAction(main->actionquit);
+    history->resize(window->size());
+    new SheetSize(history, SettingsKeys::HistorySheetSize);
+    connect(history, &HistorySheet::dayChosen, this, &MainInterface::goToDay);
+}
+
+void MainInterface::openHistory()
 {
     endEditing();
     if (history == nullptr)
-        makeHistory(quit);
+        makeHistory();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     history->openWith(
         {std::make_unique<History::DayReader>(store), shownDay(), controller.rdas, LocalDay::dateOf(controller.now())});
+}
+
+// Nowhere when there is none.
+void MainInterface::goToLoggedDay(bool later)
+{
+    endEditing();
+    const QDate from = LocalDay::dateOf(controller.curdate);
+    History::DayReader reader(UserDefaults::standardUserDefaults());
+    const std::optional<QDate> day = later ? reader.loggedAfter(from) : reader.loggedBefore(from);
+    if (day)
+        goToDay(*day);
+}
+
+// The date field takes it as if it had been chosen there.
+void MainInterface::goToDay(QDate day)
+{
+    if (day != LocalDay::dateOf(controller.curdate))
+        main->logtable->deselectAll();
+    main->datepicker->setDate(day);
 }
 
 std::optional<History::ShownDay> MainInterface::shownDay() const

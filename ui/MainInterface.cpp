@@ -83,6 +83,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectCommands();
     connectOtherDay();
     makeMenus();
+    connectHistory();
     connectPreferences();
     connectHelp();
     connectColumns();
@@ -177,7 +178,6 @@ void MainInterface::connectCommands()
         endEditing();
         main->logtable->deselectAll();
     });
-    connect(main->actionhistory, &QAction::triggered, this, [this] { openHistory(main->actionquit); });
     connect(main->actionquit, &QAction::triggered, this, [] { QCoreApplication::quit(); });
 
     const std::pair<QAbstractButton *, QAction *> buttons[] = {
@@ -370,8 +370,6 @@ void MainInterface::saveWindowState(UserDefaults &store) const
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
     saveColumns(store);
-    if (history != nullptr)
-        store.setObject(QVariantList{qint64(history->width()), qint64(history->height())}, SettingsKeys::HistorySize);
     for (const SheetSize *size : window->findChildren<SheetSize *>())
         size->save(store);
 }

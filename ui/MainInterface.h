@@ -114,8 +114,11 @@ private:
     void frameAddedFood(int formerrows);
 
     // ui/History.cpp
-    void openHistory(QAction *quit);
-    void makeHistory(QAction *quit);
+    void connectHistory();
+    void openHistory();
+    void makeHistory();
+    void goToLoggedDay(bool later);
+    void goToDay(QDate day);
     [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
 
     // ui/MainInterfaceMenus.cpp

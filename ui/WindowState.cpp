@@ -54,18 +54,6 @@ bool WindowState::isGeometry(const QByteArray &state, const QList<QRect> &screen
         && isSensible(normal, screens) && isSensible(inside, screens);
 }
 
-std::optional<QSize> WindowState::sizeOf(const QVariant &stored, const QSize &screens)
-{
-    const QVariantList sides = stored.toList();
-    if (sides.size() != 2)
-        return {};
-    const qlonglong width = sides[0].toLongLong();
-    const qlonglong height = sides[1].toLongLong();
-    if (width < 1 || height < 1 || width > 2 * screens.width() || height > 2 * screens.height())
-        return {};
-    return QSize(static_cast<int>(width), static_cast<int>(height));
-}
-
 bool WindowState::isSplitter(const QByteArray &state, const QByteArray &now)
 {
     // A marker, a version and the number of sizes come before the sizes; the width of the handle and flags after them.

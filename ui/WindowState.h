@@ -6,10 +6,6 @@
 #include <QByteArray>
 #include <QList>
 #include <QRect>
-#include <QSize>
-#include <QVariant>
-
-#include <optional>
 
 // Whether what was saved of a window can be given back to Qt, which trusts it: one changed byte makes a window that no
 // memory can hold, or a list without an end.
@@ -18,10 +14,6 @@ namespace WindowState {
 // Of QWidget::saveGeometry(): every rectangle in it shows on one of the screens, and none is more than twice as wide or
 // high as all of them together.
 [[nodiscard]] bool isGeometry(const QByteArray &state, const QList<QRect> &screens);
-
-// Of a sheet, an array of its width and height: neither is below 1 nor more than twice the screens'; nothing for any
-// other value.
-[[nodiscard]] std::optional<QSize> sizeOf(const QVariant &stored, const QSize &screens);
 
 // Of QSplitter::saveState(): as the splitter would save itself now, but for the sizes.
 [[nodiscard]] bool isSplitter(const QByteArray &state, const QByteArray &now);

@@ -46,12 +46,14 @@ void CourseChart::setContent(Content shown)
 void CourseChart::setEmptyText(const QString &text)
 {
     emptytext = text;
+    picture = QPixmap();
     update();
 }
 
 // The axis and the room that its labels leave.
 void CourseChart::layOut()
 {
+    picture = QPixmap();
     double low = 0.0;
     double high = hasAllowance() ? double(content.allowance) : 0.0;
     const auto show = [&](double amount) {
@@ -156,6 +158,5 @@ void CourseChart::resizeEvent(QResizeEvent *event)
 void CourseChart::changeEvent(QEvent *event)
 {
     DayView::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        layOut();
+    layOut(); // for another font, style or palette
 }

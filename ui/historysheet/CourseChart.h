@@ -7,6 +7,8 @@
 #include "ui/historysheet/ChartAxis.h"
 #include "ui/historysheet/DayView.h"
 
+#include <QPixmap>
+
 // The course of one nutrient over a period: bars from zero, a mark under the axis where no day is logged, a dashed line
 // at the allowance, and the mean of seven days as a line that is broken where too few of them are logged. The axis is
 // in the nutrient's unit, and in percent at the right where there is an allowance. What bars and lines are can be told
@@ -49,6 +51,7 @@ private:
     void layOut();
     [[nodiscard]] double leftOf(QDate day) const;
     [[nodiscard]] bool hasAllowance() const { return content.allowance > 0.0F; }
+    void paintPicture();
     void paintAxis(QPainter &painter) const;
     void paintPercents(QPainter &painter) const;
     void paintDates(QPainter &painter) const;
@@ -64,4 +67,5 @@ private:
     ChartAxis axis;
     ChartAxis percents;
     QRectF plot;
+    QPixmap picture; // all but the cursor, which alone moves; null when it is to be painted anew
 };

@@ -31,7 +31,21 @@ QPen allowancePen(const QColor &color)
 
 void CourseChart::paintEvent(QPaintEvent * /*event*/)
 {
+    if (picture.isNull() || picture.devicePixelRatio() != devicePixelRatioF())
+        paintPicture();
     QPainter painter(this);
+    painter.drawPixmap(0, 0, picture);
+    if (!isempty)
+        paintCursor(painter);
+    paintFocus(painter);
+}
+
+void CourseChart::paintPicture()
+{
+    picture = QPixmap(size() * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    QPainter painter(&picture);
+    painter.setFont(font());
     painter.fillRect(rect(), palette().color(QPalette::Base));
     if (isempty) {
         painter.setPen(palette().color(QPalette::Text));
@@ -42,15 +56,12 @@ void CourseChart::paintEvent(QPaintEvent * /*event*/)
             paintPercents(painter);
         paintDates(painter);
         paintBars(painter);
-        paintCursor(painter);
         painter.setRenderHint(QPainter::Antialiasing);
         paintRunningMean(painter);
         if (hasAllowance())
             paintAllowance(painter);
         paintLegend(painter);
-        painter.setRenderHint(QPainter::Antialiasing, false);
     }
-    paintFocus(painter);
 }
 
 void CourseChart::paintAxis(QPainter &painter) const
@@ -142,8 +153,10 @@ void CourseChart::paintRunningMean(QPainter &painter) const
         painter.setPen(pen);
         if (line.size() == 1)
             painter.drawLine(line.first() - QPointF(dayhalf, 0.0), line.first() + QPointF(dayhalf, 0.0));
-        else
-            painter.drawPolyline(line);
+        // Piece by piece: the time that the outline of a long line takes grows faster than its length.
+        constexpr int piece = 8;
+        for (int i = 0; i + 1 < line.size(); i += piece)
+            painter.drawPolyline(line.constData() + i, std::min(piece + 1, static_cast<int>(line.size()) - i));
     };
     const auto finish = [&] {
         if (line.isEmpty())
