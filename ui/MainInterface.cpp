@@ -137,6 +137,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation)
     connect(action, &QAction::triggered, this, [this, operation] {
         endEditing();
         std::invoke(operation, controller);
+        showDay();
         showKept();
     });
 }
@@ -179,6 +180,7 @@ void MainInterface::connectCommands()
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         main->logtable->endEditing();
         controller.updateDate();
+        showDay();
         showKept();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, [this] {
@@ -280,6 +282,7 @@ void MainInterface::showKept()
 void MainInterface::show()
 {
     showSettings();
+    showDay();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     QList<QRect> screens;
