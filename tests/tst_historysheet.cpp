@@ -301,12 +301,12 @@ private slots:
     {
         open();
         QCOMPARE(sheet()->size(), window()->size());
-        sheet()->resize(900, 600);
+        sheet()->resize(700, 560);
         press(chart(), Qt::Key_Escape);
         run->terminate();
         run.reset();
         open();
-        QCOMPARE(sheet()->size(), QSize(900, 600));
+        QCOMPARE(sheet()->size(), QSize(700, 560));
     }
 
     void aSizeThatIsNoneIsDropped_data()

@@ -146,6 +146,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation, const s
         if (first)
             first();
         std::invoke(operation, controller);
+        showDay();
         showKept();
     });
 }
@@ -194,6 +195,7 @@ void MainInterface::connectCommands()
         if (main->datepicker->isInUse())
             leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
+        showDay();
         showKept();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, &MainInterface::addSelectedFoods);
@@ -333,6 +335,7 @@ void MainInterface::showKept()
 void MainInterface::show()
 {
     showSettings();
+    showDay();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     QList<QRect> screens;

@@ -84,7 +84,8 @@ private:
 
     // ui/MainInterfaceDay.cpp
     void connectDay();
-    // The weekday, how far from today, and the window's title.
+    // The weekday, how far from today, and the window's title. To be called after whatever may have opened another day,
+    // and not inside it: the title goes to the display, and where that is broken the program saves and ends at once.
     void showDay();
     // The main sums of what the nutrient table shows.
     void showTotals();
