@@ -647,6 +647,12 @@ constexpr Row table[] = {
     {"microwave rice|packet rice|instant rice|minute rice", "rice white cooked"},
     {"butter tart", "pie pecan"},
     {"perogy|perogies|pierogi|pierogies", "ravioli"},
+    {"turkey rasher|turkey bacon rasher", "turkey bacon"},
+    {"fish burger|fish sandwich|fish bap|fish finger sandwich|fish roll", "fish sandwich"},
+    {"bacon burger|double bacon burger|bacon double cheeseburger|bacon cheese burger", "cheeseburger bacon"},
+    {"chicken kebab|chicken kebob|chicken skewer|chicken souvlaki|chicken shawarma|chicken gyro|chicken doner",
+        "chicken cooked"},
+    {"sangria|mulled wine|wine spritzer|spritzer|aperol spritz|mimosa", "wine table"},
     {"skim milk powder|skimmed milk powder|powdered skim milk|nonfat dry milk|milk powder nonfat|nonfat milk "
      "powder|fat free milk powder",
         "milk dry nonfat"},
