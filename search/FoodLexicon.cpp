@@ -90,7 +90,7 @@ bool FoodLexicon::isAbbreviation(const QByteArray &word)
 
 bool FoodLexicon::isIdle(const QByteArray &word)
 {
-    static const QSet<QByteArray> words = setOf("a an and at by for from in my of on or some the to with");
+    static const QSet<QByteArray> words = setOf("a an and at by for from in my of on or over some the to with");
     return words.contains(word);
 }
 
