@@ -224,6 +224,35 @@ private slots:
         QCOMPARE(found(QStringLiteral("meatless bacon")).value(0), QStringLiteral("Bacon, meatless"));
     }
 
+    void whatPeopleEatAndDrinkComesFirst_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<QString>("first");
+
+        const auto row = [](const char *query, const char *first) {
+            QTest::newRow(query) << QString::fromLatin1(query) << QString::fromLatin1(first);
+        };
+        for (const char *cooked : {"cod", "salmon", "shrimp", "ground beef", "chicken breast", "pork chop", "bacon"})
+            row(cooked, "cooked");
+        for (const char *raw : {"raw salmon", "egg", "spinach", "peach", "tomato"})
+            row(raw, "raw");
+        row("cola", "contains caffeine");
+        row("diet coke", "contains caffeine");
+        row("lemon lime", "contains caffeine");
+        row("coffee", "brewed from grounds, prepared with tap water");
+        row("beer", "regular, all");
+        row("peas", "Peas, green");
+        row("buttermilk", "Milk, buttermilk, fluid");
+    }
+
+    void whatPeopleEatAndDrinkComesFirst()
+    {
+        QFETCH(QString, query);
+        QFETCH(QString, first);
+        const QString name = found(query).value(0);
+        QVERIFY2(name.contains(first), qPrintable(name));
+    }
+
     void aTokenInNoNameIsTakenAsMisspelt_data()
     {
         QTest::addColumn<QString>("typed");
