@@ -115,31 +115,31 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
     return answer;
 }
 
-// What is meant where all the words together find nothing, nothing but baby food, or little of the food itself: of
-// "scone with jam" the scone, else the names that match the most of the words.
+// What is meant where all the words together find nothing, nothing but baby food, or few foods: of "scone with jam" the
+// scone, else the names that match the most of the words. Few foods are only followed by those, up to a first glance's
+// worth.
 void FoodSearch::complete(Answer &whole, const QString &query) const
 {
-    constexpr std::size_t few = 5;
+    constexpr std::size_t glance = 5;
     const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
-    if (!unmeant && whole.ranks.size() >= few)
+    if (!unmeant && whole.ranks.size() >= glance)
         return;
-    Answer main = answerToMain(query);
-    if (!main.ranks.empty() && !unmeant) {
-        if (!(main.ranks.front().tier < whole.ranks.front().tier))
-            return;
-        whole.readings.insert(whole.readings.end(), main.readings.begin(), main.readings.end());
-        for (const FoodRank &rank : main.ranks)
-            if (std::none_of(whole.ranks.begin(), whole.ranks.end(),
-                    [&](const FoodRank &each) { return each.name == rank.name; }))
-                whole.ranks.push_back(rank);
+    Answer more = answerToMain(query);
+    if (more.ranks.empty() || (!unmeant && whole.ranks.front().tier <= more.ranks.front().tier))
+        more = partialAnswerTo(query);
+    if (more.ranks.empty() || more.ranks.front().forFew)
+        return;
+    if (unmeant) {
+        whole = std::move(more);
         return;
     }
-    if (!unmeant)
-        return;
-    if (main.ranks.empty())
-        main = partialAnswerTo(query);
-    if (!main.ranks.empty() && !main.ranks.front().forFew)
-        whole = std::move(main);
+    whole.readings.insert(whole.readings.end(), more.readings.begin(), more.readings.end());
+    whole.partial = more.partial;
+    const std::vector<FoodRank> first = whole.ranks;
+    for (const FoodRank &rank : more.ranks)
+        if (whole.ranks.size() < glance
+            && std::none_of(first.begin(), first.end(), [&](const FoodRank &each) { return each.name == rank.name; }))
+            whole.ranks.push_back(rank);
 }
 
 // The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.
@@ -167,8 +167,10 @@ FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
     Answer answer;
     if (words.size() > 1)
         answer = rank(FoodQuery::partialReadings(words, *index), true);
-    const auto others = std::find_if(answer.ranks.begin(), answer.ranks.end(),
-        [&](const FoodRank &each) { return each.missing != answer.ranks.front().missing; });
+    const auto full
+        = std::find_if(answer.ranks.begin(), answer.ranks.end(), [](const FoodRank &each) { return each.missing > 0; });
+    const auto others
+        = std::find_if(full, answer.ranks.end(), [&](const FoodRank &each) { return each.missing != full->missing; });
     answer.ranks.erase(others, answer.ranks.end());
     return answer;
 }
@@ -245,22 +247,20 @@ std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, con
     return best;
 }
 
-QStringList FoodSearch::missingWords() const
+QStringList FoodSearch::missingWords(int name) const
 {
     QStringList missing;
-    for (const QByteArray &word : last.missing)
-        missing << QString::fromLatin1(word);
-    if (!last.partial || last.ranks.empty())
-        return missing;
-    const int name = last.ranks.front().name;
     const FoodQuery::Reading *reading = nullptr;
-    (void)bestRank(last, name, &reading);
+    if (!bestRank(last, name, &reading))
+        return missing;
     const FoodIndex::Name &entry = index->names()[static_cast<std::size_t>(name)];
     const FoodIndex::NameWord *words = index->wordsOf(entry);
     for (const FoodQuery::Term &term : reading->terms)
         if (std::none_of(words, words + entry.count,
                 [&](const FoodIndex::NameWord &word) { return term.match(word) != Match::None; }))
             missing << QString::fromLatin1(term.text.split('|').front());
+    for (const QByteArray &word : last.missing)
+        missing << QString::fromLatin1(word);
     return missing;
 }
 
