@@ -522,7 +522,8 @@ private slots:
             = {{"actionaddfood", "Ctrl+N"}, {"actionquit", "Ctrl+Q"}, {"actioncut", "Ctrl+X"}, {"actioncopy", "Ctrl+C"},
                 {"actionpaste", "Ctrl+V"}, {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"},
                 {"actiondeselect", "Ctrl+Shift+A"}, {"actionpreferences", "Ctrl+,"}, {"actionpreviousday", "Alt+Left"},
-                {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"}};
+                {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"}, {"actionhistory", "Ctrl+H"},
+                {"actionpreviousloggedday", "Alt+Shift+Left"}, {"actionnextloggedday", "Alt+Shift+Right"}};
         QList<QAction *> items;
         for (const QAction *menu : window()->menuBar()->actions())
             items += menu->menu()->actions();
