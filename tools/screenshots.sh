@@ -35,4 +35,4 @@ begin_display 2400x1600 "$home/display.log"
 "$build/bin/take-pictures" "$pictures" day
 "$build/bin/take-pictures" "$pictures" dark
 QT_SCALE_FACTOR=2 "$build/bin/take-pictures" "$pictures" large
-cp "$pictures"/{main,dark,add-food,preferences}.png "$shown"
+cp "$pictures"/{main,dark,add-food,preferences,history}.png "$shown"
