@@ -172,9 +172,9 @@ void YearView::paintLegend(QPainter &painter) const
     write(QLocale().toString(QDate(year.year, 1, 1), QStringLiteral("yyyy")) + u' ');
     sample({});
     write(tr("not logged"));
-    const QString whole = tr("< 25 %, 25 %, 50 %, 75 %, 100 % of the RDA");
+    const QString whole = tr("< 25 %, 25 %, 50 %, 75 %, \u2265 100 %");
     const QStringList shares = whole.split(QStringLiteral(", "));
-    const double room = fontMetrics().horizontalAdvance(whole) + History::steps * (size + 2 * margin);
+    const double room = fontMetrics().horizontalAdvance(whole) + History::steps * (size + 1.5 * margin);
     if (hasallowance && left + room < width() && shares.size() == History::steps) {
         for (int step = 0; step < History::steps; ++step) {
             sample(step);
