@@ -6,6 +6,7 @@
 // has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives.
 
 #include "app/AppDelegate.h"
+#include "catalog/NutrientCatalogue.h"
 #include "platform/UserDefaults.h"
 #include "tools/PictureDays.h"
 #include "ui/MainInterface.h"
@@ -187,10 +188,10 @@ void takeHistory(Day &day, Pictures &pictures, const QString &name, bool all)
     day.window->findChild<QAction *>(QStringLiteral("actionhistory"))->trigger();
     auto &sheet = *day.window->findChild<HistorySheet *>();
     Pictures::settle();
-    auto &figures = *sheet.findChild<TableView *>(QStringLiteral("figures"));
-    for (int row = 0; row < 21; ++row)
+    for (int row = 0; row < NutrientCatalogue::indexOfNutrient("Vitamin C"); ++row)
         Pictures::press(*sheet.focusWidget(), Qt::Key_Down, QString());
-    figures.verticalScrollBar()->setValue(0);
+    for (int back = 0; back < 4; ++back)
+        Pictures::press(*sheet.focusWidget(), Qt::Key_Left, QString());
     pictures.take(sheet, name);
     if (!all)
         return;

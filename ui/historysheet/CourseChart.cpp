@@ -158,5 +158,6 @@ void CourseChart::resizeEvent(QResizeEvent *event)
 void CourseChart::changeEvent(QEvent *event)
 {
     DayView::changeEvent(event);
-    layOut(); // for another font, style or palette
+    if (event->type() != QEvent::ActivationChange)
+        layOut(); // for another font, style or palette
 }

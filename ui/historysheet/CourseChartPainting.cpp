@@ -219,6 +219,8 @@ void CourseChart::paintLegend(QPainter &painter) const
     double right = width() - 2 * labelgap;
     const auto name = [&](const QString &what, const QPen &pen) {
         const double wide = fontMetrics().horizontalAdvance(what);
+        if (right - wide - labelgap - sample < plot.left() + fontMetrics().horizontalAdvance(content.unit))
+            return; // no room beside the unit
         painter.setPen(text);
         painter.drawText(QRectF(right - wide, 0.0, wide + 1.0, plot.top()),
             static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter), what);

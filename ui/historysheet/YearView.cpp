@@ -172,14 +172,18 @@ void YearView::paintLegend(QPainter &painter) const
     write(QLocale().toString(QDate(year.year, 1, 1), QStringLiteral("yyyy")) + u' ');
     sample({});
     write(tr("not logged"));
-    if (!hasallowance)
-        write(tr("least"));
-    for (int step = 0; step < History::steps; ++step) {
-        sample(step);
-        if (hasallowance)
-            write(step == 0 ? tr("RDA below 25 %")
-                            : QStringLiteral("\u2265 %1 %").arg(100 * step / (History::steps - 1)));
+    const QString whole = tr("< 25 %, 25 %, 50 %, 75 %, \u2265 100 %");
+    const QStringList shares = whole.split(QStringLiteral(", "));
+    const double room = fontMetrics().horizontalAdvance(whole) + History::steps * (size + 1.5 * margin);
+    if (hasallowance && left + room < width() && shares.size() == History::steps) {
+        for (int step = 0; step < History::steps; ++step) {
+            sample(step);
+            write(shares[step]);
+        }
+        return;
     }
-    if (!hasallowance)
-        write(tr("most"));
+    write(tr("least"));
+    for (int step = 0; step < History::steps; ++step)
+        sample(step);
+    write(tr("most"));
 }
