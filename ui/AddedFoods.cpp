@@ -46,6 +46,7 @@ void MainInterface::prepareFoodSheet()
         for (const History::OwnFood &food : own.all())
             logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
     }
+    addview->setAllowances(controller.rdas);
     addview->setOwnFoods(std::move(logged), int(History::OwnFoods::listed));
 }
 

@@ -90,6 +90,8 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
             return amountKeyPressed(key);
         return watched == ui->searchfield ? fieldKeyPressed(key) : listKeyPressed(watched, key);
     }
+    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport() && readswhenpainted)
+        readFoods();
     // The preview shows the food of the list that the keyboard is in.
     if (event->type() == QEvent::FocusIn && watched == ui->tobeaddedlist)
         showFoodToBeAdded();
