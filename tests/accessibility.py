@@ -302,6 +302,55 @@ def edit_log(program, log):
     expect("the milk's unit", "1 cup", lambda: log.cell(0, 2).name)
 
 
+def write_amounts(log):
+    press("Down", "F2")  # the egg, in place of whose amount the following is typed
+    field = until("the amount's field", lambda: last_heard(pyatspi.ROLE_TEXT))
+    write("0")
+    expect("what the field says of it", "What is typed counts as 0", lambda: field.description)
+    write(",5")
+    expect("what the field says of a half", "", lambda: field.description)
+    press("ctrl+a")
+    write("1 1/2")
+    press("Return")
+    expect("the egg's amount", [EGG, "1.50", "g", "2"], lambda: log.rows()[1])
+
+
+def items_of_menu(opening):
+    """The items of the menu that a key opens, as they are spoken; what would do nothing is in brackets."""
+    heard.clear()
+    press(opening, "Down")
+    item = until("the menu", lambda: last_heard(pyatspi.ROLE_MENU_ITEM))
+    names = [each.name if has(each, pyatspi.STATE_ENABLED) else f"({each.name})"
+             for each in children(item.parent) if each.getRole() == pyatspi.ROLE_MENU_ITEM]
+    press("Escape")
+    return names
+
+
+def check_row_menus(program):
+    expect("the menu of a row of the log", ["Edit Amount", "Choose Unit", "Cut", "Copy", "(Paste)", "Remove"],
+           lambda: items_of_menu("Menu"))
+    expect("the focus after the row's menu", "Foods of the day", lambda: focused(program, MAIN))
+    heard.clear()
+    press("alt+Down", "End")
+    units = children(until("the menu of units", lambda: last_heard(pyatspi.ROLE_MENU_ITEM)).parent)
+    expect("the last unit", units[-1].name, lambda: last_heard(pyatspi.ROLE_MENU_ITEM).name)
+    press("l")
+    expect("the unit that begins with a letter", "1 large", lambda: last_heard(pyatspi.ROLE_MENU_ITEM).name)
+    press("Escape")
+    expect("the focus after the menu of units", "Foods of the day", lambda: focused(program, MAIN))
+    go_to(program, MAIN, "Nutrients")
+    expect("the menu of a nutrient", ["Set Allowance…"], lambda: items_of_menu("Menu"))
+
+
+def check_sentences(nutrients):
+    sentence = nutrients.cell(nutrients.row_of("ALA"), 1).description
+    if not sentence.startswith("Alanine, no allowance set: ") or "Set one in the preferences" not in sentence:
+        raise Failure(f"The bar of ALA says {sentence!r}")
+    sentence = nutrients.cell(nutrients.row_of("Phytosterol"), 1).description
+    if not sentence.endswith("\nno figure for 2 of 3 foods"):
+        raise Failure(f"The bar of phytosterol says {sentence!r}")
+
+
 def set_allowance(program, nutrients):
     program.open(PREFERENCES, "ctrl+comma")
     check_names(program, PREFERENCES)
@@ -346,6 +395,9 @@ def first_day(path):
         until("how to add a food, in the empty log", lambda: "Ctrl+N" in log.node.description)
         add_foods(program)
         edit_log(program, log)
+        write_amounts(log)
+        check_row_menus(program)
+        check_sentences(nutrients)
         check_names(program, MAIN)
         program.named(MAIN, "3 foods", pyatspi.ROLE_LABEL)
         expect("the weekday", time.strftime("%A · Today", time.gmtime()),

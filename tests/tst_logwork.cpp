@@ -8,6 +8,7 @@
 
 #include <QListView>
 #include <QMenuBar>
+#include <QToolTip>
 
 #include <functional>
 
@@ -42,6 +43,13 @@ private slots:
         row("the picker", [this] {
             run->controller.datepicker->setFocus();
             press(Qt::Key_Up);
+        });
+        row("a date that was typed and left", [this] {
+            DatePicker *picker = run->controller.datepicker;
+            picker->setDisplayFormat(QStringLiteral("dd"));
+            picker->setFocus();
+            type(QStringLiteral("22"));
+            nutrients()->setFocus();
         });
         row("the button of the day before",
             [this] { QTest::mouseClick(find<QWidget>("previousdaybutton"), Qt::LeftButton); });
@@ -171,6 +179,58 @@ private slots:
             qt_sendShortcutOverrideEvent(log(), 0, key, modifiers, {}, true);
         QTest::keyRelease(log(), key, modifiers);
         QCOMPARE(run->names(), QStringList({A, C}));
+    }
+
+    void anAmountIsTakenAsPeopleWriteIt_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("entry");
+        QTest::newRow("a fraction") << QStringLiteral("1/2") << QStringLiteral("A 0.5 g 0");
+        QTest::newRow("a comma") << QStringLiteral("1,5") << QStringLiteral("A 1.5 g 0");
+        QTest::newRow("no number") << QStringLiteral("0abc") << QStringLiteral("A 0 g 0");
+    }
+
+    void anAmountIsTakenAsPeopleWriteIt()
+    {
+        QFETCH(QString, typed);
+        run->add({A});
+        frame(0);
+        for (const QChar key : typed) // the first opens the editor
+            type(key);
+        press(Qt::Key_Return);
+        QTEST(run->entries().constFirst(), "entry");
+    }
+
+    void theUnitMenuTellsWeightsAndTakesLetters()
+    {
+        run->add({A});
+        frame(0);
+        press(Qt::Key_Down, Qt::AltModifier);
+        QStringList items;
+        for (const QAction *item : openMenu()->actions())
+            items.append(item->text() + u'|' + item->data().toString() + (item->isChecked() ? u'*' : u' '));
+        QCOMPARE(items, QStringList({QStringLiteral("g|1 g*"), QStringLiteral("1 cup|20.5 g ")}));
+        QTest::keyClick(openMenu(), Qt::Key_C);
+        QTest::keyClick(openMenu(), Qt::Key_Return);
+        QCOMPARE(run->entries(), QStringList{QStringLiteral("A 100 1 cup 1")});
+    }
+
+    void restingOnANutrientTellsWhatIsKnownOfIt()
+    {
+        run->add({A, QStringLiteral("Butter, salted of a kind that nobody has made and nobody has a file of")});
+        const auto rest = [this](int row) {
+            const QModelIndex cell = nutrients()->model()->index(row, 1);
+            nutrients()->scrollTo(cell);
+            const QPoint place = nutrients()->visualRect(cell).center();
+            QHelpEvent event(QEvent::ToolTip, place, nutrients()->viewport()->mapToGlobal(place));
+            QCoreApplication::sendEvent(nutrients()->viewport(), &event);
+            return QToolTip::text();
+        };
+        QCOMPARE(rest(0),
+            QStringLiteral("Energy, 50.00 kcal, 2 % of the RDA (2000.00 kcal)\nA 100 %\nno figure for 1 of 2 foods"));
+        QCOMPARE(rest(43),
+            QStringLiteral(
+                "Alanine, no allowance set: 0.00 g. Set one in the\npreferences\nno figure for 2 of 2 foods"));
     }
 
     void aFoodThatIsInTheLogAlreadyGetsTheFrame()

@@ -170,6 +170,7 @@ private slots:
         QTest::newRow("a digit") << QStringLiteral("2") << true;
         QTest::newRow("several") << QStringLiteral("25") << true;
         QTest::newRow("a point") << QStringLiteral(".5") << true;
+        QTest::newRow("a half") << QStringLiteral("\u00bd") << true;
         QTest::newRow("a letter") << QStringLiteral("a2") << false;
         QTest::newRow("nothing") << QString() << false;
     }
@@ -300,6 +301,66 @@ private slots:
         QTest::mouseDClick(plain.viewport(), Qt::LeftButton, {}, middleOf(plain, 1, 0));
         QVERIFY(plain.findChildren<QLineEdit *>().isEmpty());
         QCOMPARE(source.notes, none());
+    }
+
+    void anAmountAsPeopleWriteItIsDeliveredWithAPeriod_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("delivered");
+        const auto row = [](const char *typed, const char *delivered) {
+            QTest::newRow(typed) << QString::fromUtf8(typed) << QString::fromUtf8(delivered);
+        };
+        row("1/2", "0.5");
+        row("1 1/2", "1.5");
+        row("1\u00bd", "1.5");
+        row("1,5", "1.5");
+        row("1.5", "1.5");
+        row("1,500", "1,500");
+        row("abc", "abc");
+    }
+
+    void anAmountAsPeopleWriteItIsDeliveredWithAPeriod()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, delivered);
+        makeCurrent(2, amount);
+        press(Qt::Key_F2);
+        compose({}, typed);
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = ") + delivered});
+    }
+
+    void whatCountsForNothingIsToldWhileItIsTyped()
+    {
+        QPalette theme = table->palette();
+        theme.setColor(QPalette::ToolTipBase, Qt::darkBlue);
+        theme.setColor(QPalette::ToolTipText, Qt::cyan);
+        table->setPalette(theme);
+        makeCurrent(2, amount);
+        press(Qt::Key_F2);
+        const auto told = [this] {
+            const QPalette colors = editor()->palette();
+            const bool iscolored = colors.color(QPalette::Base) == table->palette().color(QPalette::ToolTipBase)
+                && colors.color(QPalette::Text) == table->palette().color(QPalette::ToolTipText);
+            const bool isplain = colors.color(QPalette::Base) == table->palette().color(QPalette::Base);
+            const QString text = editor()->accessibleDescription();
+            if (editor()->toolTip() != text || iscolored == text.isEmpty() || isplain != text.isEmpty())
+                return QStringLiteral("not as it is coloured");
+            return text;
+        };
+        QCOMPARE(told(), QString());
+        const QString zero = QStringLiteral("What is typed counts as 0");
+        press(Qt::Key_Delete);
+        QCOMPARE(told(), zero);
+        type("0");
+        QCOMPARE(told(), zero);
+        type(",5");
+        QCOMPARE(told(), QString());
+        press(Qt::Key_A, Qt::ControlModifier);
+        type("-3");
+        QCOMPARE(told(), QStringLiteral("What is typed is below 0"));
+        press(Qt::Key_Return);
+        QCOMPARE(source.notes, QStringList{QStringLiteral("Amount 2 = -3")});
     }
 
     void theEditorSaysWhatItEdits()

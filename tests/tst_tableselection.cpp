@@ -110,6 +110,18 @@ private slots:
         QTEST(table->selectedRowIndexes(), "selected");
     }
 
+    void theFirstClickInAScrolledTableIsAboutTheRowUnderIt()
+    {
+        makeWindow();
+        load(60);
+        before->setFocus();
+        table->reloadData();
+        table->selectionModel()->clear();
+        table->scrollToBottom();
+        QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, middleOf(*table, 58, name));
+        QCOMPARE(table->selectedRowIndexes(), QList<int>{58});
+    }
+
     void selectingAllProposesAllRows()
     {
         load(4);

@@ -215,6 +215,66 @@ private slots:
         QCOMPARE(table->currentIndex().row(), 3);
     }
 
+    void lettersHomeAndEndGoToAUnit_data()
+    {
+        QTest::addColumn<QString>("keys"); // letters, "<" for Home and ">" for End
+        QTest::addColumn<QString>("active");
+        const auto row = [](const char *keys, const char *active) {
+            QTest::newRow(keys) << QString::fromLatin1(keys) << QString::fromLatin1(active);
+        };
+        row("c", "2 cups & a bit");
+        row("C", "2 cups & a bit");
+        row("cc", "1 cup");
+        row("ccc", "2 cups & a bit");
+        row("s", "12 slices");
+        row("g", "g");
+        row("sg", "g");
+        row("x", "1 large");
+        row(">", "12 slices");
+        row("<", "g");
+    }
+
+    void lettersHomeAndEndGoToAUnit()
+    {
+        QFETCH(QString, keys);
+        source.entries[3].units = {QStringLiteral("g"), QStringLiteral("1 cup"), QStringLiteral("1 large"),
+            QStringLiteral("2 cups & a bit"), QStringLiteral("12 slices")};
+        source.entries[3].unit = 2;
+        makeCurrent(3, name);
+        press(Qt::Key_Space);
+        QMenu *menu = openMenuOf(*table);
+        for (const QChar key : keys) {
+            if (key == u'<' || key == u'>')
+                QTest::keyClick(menu, key == u'<' ? Qt::Key_Home : Qt::Key_End);
+            else
+                QTest::keyClick(menu, key.toLatin1());
+        }
+        QCOMPARE(openMenuOf(*table), menu); // nothing was chosen yet
+        QTEST(menu->activeAction()->text().replace(QStringLiteral("&&"), QStringLiteral("&")), "active");
+    }
+
+    void aUnitsDetailIsAtItsRightAndNotInItsTitle()
+    {
+        const QString detail = QStringLiteral("1234567.89 g");
+        source.entries[3].detail = detail;
+        makeCurrent(3, name);
+        press(Qt::Key_Space);
+        QMenu *menu = openMenuOf(*table);
+        QCOMPARE(menu->actions().at(1)->text(), QStringLiteral("cup && 3"));
+        const QFontMetrics metrics = menu->fontMetrics();
+        QRect item = menu->actionGeometry(menu->actions().at(0)).adjusted(2, 2, -2, -2);
+        QVERIFY(menu->rect().contains(item));
+        QVERIFY(item.width() > metrics.horizontalAdvance(QStringLiteral("cup & 3") + detail));
+        item.setLeft(item.right() - metrics.horizontalAdvance(detail));
+        const QImage picture = menu->grab(item).toImage();
+        int ink = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y)
+                ink += picture.pixel(x, y) != picture.pixel(0, 0) ? 1 : 0;
+        }
+        QVERIFY(ink > 50);
+    }
+
     void escapeChoosesNothing()
     {
         makeCurrent(3, name);

@@ -9,6 +9,19 @@
 #include "ui/table/TableView.h"
 #include "ui/table/TextFieldCellRDA.h"
 
+namespace {
+
+// "28.35 g", "50 g".
+QString weightText(float grams)
+{
+    QString text = NumberText::fixed(double(grams), 2);
+    while (text.contains(u'.') && (text.endsWith(u'0') || text.endsWith(u'.')))
+        text.chop(1);
+    return text + QStringLiteral(" g");
+}
+
+} // namespace
+
 // The callbacks of both tables come here first; which table asks is told by identity.
 
 int AppDelegate::numberOfRowsInTableView(const TableView *table) const
@@ -69,6 +82,7 @@ void AppDelegate::rebuildUnits(PopUpButtonCell &cell, int row)
         if (title == food.curunit())
             chosen = position; // the last match wins
         item.action = [this](const MenuItemUnit &picked) { updateUnit(picked); };
+        item.detail = [grams = food.gramsOfUnit(title).value_or(0.0F)] { return weightText(grams); };
         item.setIdx(position++);
         cell.addItem(item);
     }

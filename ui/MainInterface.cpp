@@ -72,6 +72,7 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     AppDelegate::prepareStore(UserDefaults::standardUserDefaults());
     connectCommands();
     connectOtherDay();
+    makeMenus();
     connectPreferences();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);
@@ -186,7 +187,8 @@ void MainInterface::connectCommands()
 
     connect(main->datepicker, &DatePicker::dateChosen, this, [this] {
         main->logtable->endEditing();
-        leaveDayFor(main->datepicker->dateValue());
+        if (main->datepicker->isInUse())
+            leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
         showKept();
     });

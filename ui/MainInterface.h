@@ -4,7 +4,9 @@
 #pragma once
 
 #include "ui/InputGuard.h"
+#include "ui/MenuItems.h"
 
+#include <QList>
 #include <QObject>
 
 #include <functional>
@@ -17,6 +19,7 @@ class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
+class TableView;
 class QCheckBox;
 class QDateTime;
 class UserDefaults;
@@ -91,6 +94,16 @@ private:
     // that the log had already.
     void frameAddedFood(int formerrows);
 
+    // ui/MainInterfaceMenus.cpp
+    void makeMenus();
+    // A menu of the table's rows, which acts on the current one; no item is a separator.
+    void addRowMenu(TableView *table, const QString &name, const QList<QAction *> &items);
+    void setConditions();
+    // Whether a row would be selected by selectFramedRow().
+    [[nodiscard]] bool hasFramedRow() const;
+    // Opens the preferences at a nutrient's allowance.
+    void setAllowance(int nutrient);
+
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
@@ -100,4 +113,5 @@ private:
     std::unique_ptr<OtherDay> otherday;
     SheetSize *addviewsize;
     InputGuard inputguard;
+    MenuItems menuitems;
 };

@@ -22,6 +22,7 @@ public:
         QString amount;
         QStringList units;
         int unit = 0;
+        QString detail = {}; // of every unit
     };
 
     QList<Entry> entries;
@@ -90,6 +91,7 @@ public:
             item.action = [this](const MenuItemUnit &chosen) {
                 notes.append(QStringLiteral("unit %1 = %2 %3").arg(chosen.tag()).arg(chosen.idx()).arg(chosen.title()));
             };
+            item.detail = [detail = entry.detail] { return detail; };
             popup->addItem(std::move(item));
         }
         popup->selectItemAtIndex(entry.unit);

@@ -15,7 +15,7 @@
 
 #include <memory>
 
-// A test of the window over the foods A, B and C of a home of its own: 50 kcal in 100 g each, and a cup of 20 g. Tests
+// A test of the window over the foods A, B and C of a home of its own: 50 kcal in 100 g each, and a cup of 20.5 g. Tests
 // of it are private slots of a class derived from this one.
 class WindowTest : public QObject {
 protected:
@@ -31,7 +31,7 @@ protected:
         home = std::make_unique<Home>();
         for (const QString &name : {A, B, C})
             home->files.writeElements(
-                name, "<nutrient name='Energy' amount='50'/><measure name='cup' amount='1' grams='20'/>");
+                name, "<nutrient name='Energy' amount='50'/><measure name='cup' amount='1' grams='20.5'/>");
         run = std::make_unique<Run>(*home);
         run->show();
         QVERIFY(QTest::qWaitForWindowActive(window()));

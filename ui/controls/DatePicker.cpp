@@ -63,7 +63,9 @@ void DatePicker::focusOutEvent(QFocusEvent *event)
 {
     const Qt::FocusReason reason = event->reason();
     if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason && reason != Qt::ActiveWindowFocusReason) {
+        leaving = true;
         QDateEdit::focusOutEvent(event);
+        leaving = false;
         return;
     }
     // An arrow key that is held steps until it is let go, which the other window hears.

@@ -26,6 +26,9 @@ public:
     void setDateValue(const QDateTime &value);
     // Forgets what was typed and not entered.
     void discardTyped() { setDateValue(instant); }
+    // Whether somebody is choosing in it: it has its window's keyboard, or is being left. A date that code sets is
+    // nobody's choice.
+    [[nodiscard]] bool isInUse() const { return leaving || window()->focusWidget() == this; }
 
 signals:
     // The action: the user chose another date. dateValue() has it.
@@ -44,4 +47,5 @@ private:
 
     QDateTime instant;
     QCalendarWidget *calendar = nullptr; // Qt makes it when it is first opened
+    bool leaving = false; // the field that has the keyboard next has it already
 };

@@ -15,6 +15,7 @@
 #include <QPainter>
 #include <QStyleOptionHeader>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -250,11 +251,16 @@ void TableView::selectionDidChange()
         tabledelegate->tableViewSelectionDidChange();
 }
 
-// A table with the focus shows where it is.
+// A table with the focus shows where it is. It stays where it was scrolled to: the press that gives it the focus is
+// about the row that is under the mouse.
 void TableView::ensureCurrent()
 {
-    if (hasFocus() && !currentIndex().isValid() && tablemodel->rowCount() > 0)
-        rowselection->setCurrentIndex(tablemodel->index(0, 0), QItemSelectionModel::NoUpdate);
+    if (!hasFocus() || currentIndex().isValid() || tablemodel->rowCount() == 0)
+        return;
+    setAutoScroll(false);
+    const QModelIndex first = tablemodel->index(std::max(rowAt(0), 0), 0);
+    rowselection->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    setAutoScroll(true);
 }
 
 void TableView::updateRowHeight()

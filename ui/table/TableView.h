@@ -72,6 +72,11 @@ public:
     // Moves the keyboard to a row and brings it into sight; the selection stays.
     void setCurrentRow(int row);
 
+    // Take the keyboard to the current row and open the editor of its number or the menu of its pop-up cell, as keys
+    // do.
+    void editCurrentRow();
+    void openMenuOfCurrentRow();
+
     // Ends an open editor, delivering its text to its own row if it was changed, and closes an open menu. Returns
     // whether an editor was open. To be called before every command.
     bool endEditing();
@@ -89,12 +94,16 @@ signals:
     void editingEnded();
     // The values were forgotten, and the rows counted anew.
     void reloaded();
+    // A menu of the current row's own is asked for by the mouse, which has made that row the current one, or by a key.
+    // The place is on the screen.
+    void rowMenuWanted(const QPoint &place);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void inputMethodEvent(QInputMethodEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -10,6 +10,7 @@
 #include "ui/table/TableView.h"
 
 #include <QActionGroup>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -49,7 +50,8 @@ bool isEditKey(const QKeyEvent *event)
 
 bool beginsNumber(const QString &text)
 {
-    return !text.isEmpty() && QStringView(u"0123456789.-").contains(text.front());
+    return !text.isEmpty()
+        && (QStringView(u"0123456789.-").contains(text.front()) || text.front().decompositionTag() == QChar::Fraction);
 }
 
 // Up or Down as they select, and not as they only move.
@@ -152,6 +154,31 @@ void TableView::mouseDoubleClickEvent(QMouseEvent *event)
         editRow(index.row());
 }
 
+void TableView::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool bykey = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = bykey ? currentIndex() : indexAt(event->pos());
+    if (!index.isValid())
+        return;
+    endEditing();
+    scrollTo(index);
+    emit rowMenuWanted(bykey ? viewport()->mapToGlobal(visualRect(index).bottomLeft()) : event->globalPos());
+}
+
+void TableView::editCurrentRow()
+{
+    if (openEditor() != nullptr)
+        return;
+    setFocus();
+    editRow(currentIndex().row());
+}
+
+void TableView::openMenuOfCurrentRow()
+{
+    setFocus();
+    openMenu(currentIndex().siblingAtColumn(tablemodel->popUpColumn()));
+}
+
 bool TableView::endEditing()
 {
     closeMenu();
@@ -220,7 +247,7 @@ bool TableView::openMenu(const QModelIndex &index, const QMouseEvent *press)
     menu->setAccessibleName(tablemodel->headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
     auto *group = new QActionGroup(menu);
     for (const MenuItemUnit &item : cell.items()) {
-        QAction *action = menu->addAction(QString(item.title()).replace(u'&', QStringLiteral("&&")));
+        QAction *action = menu->addItem(item.title(), item.detail ? item.detail() : QString());
         action->setCheckable(true);
         group->addAction(action);
         connect(action, &QAction::triggered, this, [item] {
