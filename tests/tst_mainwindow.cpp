@@ -614,12 +614,12 @@ private slots:
 
     void everyCommandHasAMenuItemAndItsButtonTellsTheKey()
     {
-        const QList<std::pair<const char *, const char *>> keys = {{"actionaddfood", "Ctrl+N"},
-            {"actionquit", "Ctrl+Q"}, {"actioncut", "Ctrl+X"}, {"actioncopy", "Ctrl+C"}, {"actionpaste", "Ctrl+V"},
-            {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"}, {"actiondeselect", "Ctrl+Shift+A"},
-            {"actioneditamount", "F2"}, {"actionchooseunit", "Alt+Down"}, {"actionpreferences", "Ctrl+,"},
-            {"actionpreviousday", "Alt+Left"}, {"actionnextday", "Alt+Right"}, {"actiontoday", "Ctrl+T"},
-                {"actionaddfromday", "Ctrl+D"}};
+        const QList<std::pair<const char *, const char *>> keys
+            = {{"actionaddfood", "Ctrl+N"}, {"actionquit", "Ctrl+Q"}, {"actioncut", "Ctrl+X"}, {"actioncopy", "Ctrl+C"},
+                {"actionpaste", "Ctrl+V"}, {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"},
+                {"actiondeselect", "Ctrl+Shift+A"}, {"actioneditamount", "F2"}, {"actionchooseunit", "Alt+Down"},
+                {"actionpreferences", "Ctrl+,"}, {"actionpreviousday", "Alt+Left"}, {"actionnextday", "Alt+Right"},
+                {"actiontoday", "Ctrl+T"}, {"actionfoodsbynutrient", "Ctrl+R"}, {"actionaddfromday", "Ctrl+D"}};
         QList<QAction *> items;
         for (const QAction *menu : window()->menuBar()->actions())
             items += menu->menu()->actions();

@@ -35,6 +35,15 @@ QString dayText(QDate day, QDate today)
 
 } // namespace
 
+void MainInterface::openFoodSheet()
+{
+    main->logtable->endEditing();
+    // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
+    main->datepicker->interpretText();
+    prepareFoodSheet();
+    controller.addFood();
+}
+
 void MainInterface::prepareFoodSheet()
 {
     const UserDefaults &store = UserDefaults::standardUserDefaults();
