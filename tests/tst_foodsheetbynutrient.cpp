@@ -99,6 +99,19 @@ private slots:
         QVERIFY2(rowSaid(0).endsWith(QLatin1String(" mg")), qPrintable(rowSaid(0)));
     }
 
+    void theBoxIsWorkedByKeysAndEnterGoesOnToTheSearch()
+    {
+        open();
+        press(Qt::Key_N, Qt::AltModifier);
+        QVERIFY(find<QComboBox>("nutrientbox")->hasFocus());
+        type("iro");
+        QTRY_VERIFY(list()->model()->rowCount() > 7000);
+        QCOMPARE(sheet->windowTitle(), QStringLiteral("Foods by iron"));
+        press(Qt::Key_Return);
+        QVERIFY(sheet->isVisible());
+        QVERIFY(field()->hasFocus());
+    }
+
     void theWindowSaysThatItReadsBeforeItDoes()
     {
         open();

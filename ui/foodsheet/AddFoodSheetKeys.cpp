@@ -6,6 +6,7 @@
 #include "ui_AddFoodSheet.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -74,6 +75,8 @@ void AddFoodSheet::keyPressEvent(QKeyEvent *event)
         keepFoods();
     else if (auto *button = qobject_cast<QAbstractButton *>(focusWidget()))
         button->click();
+    else if (qobject_cast<QComboBox *>(focusWidget()) != nullptr)
+        ui->searchfield->setFocus(); // who has chosen an order has chosen no food yet
     else if (foods->rowCount() > 0)
         accept(); // while nothing is found, a slip is to be corrected and not obeyed
 }
