@@ -24,6 +24,8 @@ inline const QString RDAs = QStringLiteral("RDAs");
 inline const QString WindowGeometry = QStringLiteral("WindowGeometry");
 inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
 // Only where the person chose another than the usual one.
+inline const QString ColumnWidths = QStringLiteral("ColumnWidths");
+inline const QString ShortcutsSheetSize = QStringLiteral("ShortcutsSheetSize");
 inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
 
 } // namespace SettingsKeys

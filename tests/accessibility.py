@@ -17,6 +17,7 @@ from pyatspi import Atspi
 PATIENCE = 10  # seconds for any one answer; the machine may be busy
 
 # Titles, as regular expressions: the main window's names the day.
+SHORTCUTS, ABOUT = "Keyboard shortcuts", "About Provender"
 MAIN, ADD, PREFERENCES = ".* - Provender", "Add food", "Preferences"
 MILK = "Milk, whole, 3.25% milkfat, with added vitamin D"
 EGG = "Egg, whole, raw, fresh"
@@ -274,6 +275,13 @@ def add_foods(program):
         kept = program.named(ADD, "Foods to be added", pyatspi.ROLE_LIST)
         expect("the foods to be added", [MILK, EGG][:number], lambda: [item.name for item in children(kept)])
         expect("the search field for the next food", "", lambda: text_of(field))
+    program.close(ADD, "Escape")  # with nothing typed
+    button = program.named(MAIN, "Add Food…", pyatspi.ROLE_PUSH_BUTTON)
+    until("what is left to be added", lambda: "2 foods are on the list to be added" in button.description)
+    program.open(ADD, "ctrl+n")
+    expect("the foods still to be added", [MILK, EGG], lambda: [
+        item.name for item in children(program.named(ADD, "Foods to be added", pyatspi.ROLE_LIST))])
+    field = program.named(ADD, "Search foods")
     write("banana")
     until("the banana found", lambda: BANANA in field.description)
     check_names(program, ADD)
@@ -355,6 +363,11 @@ def set_allowance(program, nutrients):
     program.open(PREFERENCES, "ctrl+comma")
     check_names(program, PREFERENCES)
     check_tab(program, PREFERENCES)
+    go_to(program, PREFERENCES, "Reset All to Defaults")
+    press("Return")
+    program.named(PREFERENCES, "Reset all 61 allowances?", pyatspi.ROLE_PUSH_BUTTON)
+    press("Tab")
+    program.named(PREFERENCES, "Reset All to Defaults", pyatspi.ROLE_PUSH_BUTTON)
     go_to(program, PREFERENCES, "Nutrient:")
     press("Home", *["Down"] * nutrients.row_of("Vitamin C"))
     field = program.named(PREFERENCES, "Recommended daily allowance")
@@ -365,6 +378,26 @@ def set_allowance(program, nutrients):
     write("120")
     press("Return", "Tab")
     program.close(PREFERENCES, "Escape")
+
+
+def read_help(program):
+    program.open(SHORTCUTS, "F1")
+    check_names(program, SHORTCUTS)
+    check_tab(program, SHORTCUTS)
+    keys = program.named(SHORTCUTS, "Keyboard shortcuts", pyatspi.ROLE_TREE)
+    read = [node.name for node in walk(keys, 200)]
+    if "Add Food" not in read or read[read.index("Add Food") + 1] != "Ctrl+N":
+        raise Failure(f"The shortcuts are {read}")
+    program.close(SHORTCUTS, "Escape")
+    item = next(node for node in walk(program.window(MAIN)) if node.name.startswith("About"))
+    item.queryAction().doAction(0)
+    program.focus(ABOUT)
+    check_names(program, ABOUT)
+    check_tab(program, ABOUT)
+    path = text_of(program.named(ABOUT, "Your log"))
+    if not path.endswith("/provender/preferences.sqlite"):
+        raise Failure(f"The store is said to be {path!r}")
+    program.close(ABOUT, "Escape")
 
 
 def check_day(program, log, nutrients, entries):
@@ -421,6 +454,7 @@ def first_day(path):
         check_tab(program, MAIN)
 
         set_allowance(program, nutrients)
+        read_help(program)
         check_day(program, log, nutrients, entries)
         switch_to_amounts_and_back(program, nutrients)
         program.quit()

@@ -10,13 +10,18 @@
 #include <QAction>
 #include <QCalendarWidget>
 #include <QCheckBox>
+#include <QClipboard>
+#include <QDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
+#include <QTreeWidget>
 #include <QtTest>
 
 namespace {
@@ -193,6 +198,155 @@ private slots:
         QCOMPARE(totals->text(), QStringLiteral("0 kcal · carbs 0 g · protein 0 g · fat 0 g"));
     }
 
+    void everyShortcutOfTheWindowIsListed()
+    {
+        QApplication::clipboard()->setText(QStringLiteral("before"));
+        auto *later = new QAction(QStringLiteral("&Later…"), window());
+        later->setShortcuts({QKeySequence(QStringLiteral("Ctrl+Alt+L")), QKeySequence(QStringLiteral("F9"))});
+        auto *daymenu = window()->findChild<QMenu *>(QStringLiteral("daymenu"));
+        for (const bool ismenus : {false, true}) {
+            if (ismenus)
+                daymenu->addAction(later);
+            QTest::keyClick(table(), Qt::Key_F1);
+            auto *keys = sheet()->findChild<QTreeWidget *>(QStringLiteral("shortcuts"));
+            QVERIFY(keys && keys->isVisible());
+            QStringList lines;
+            for (QTreeWidgetItemIterator at(keys); *at; ++at)
+                lines << ((*at)->parent() ? (*at)->parent()->text(0) + u'/' : QString()) + (*at)->text(0) + u' '
+                        + (*at)->text(1);
+            QVERIFY(lines.contains(QStringLiteral("File/Add Food Ctrl+N")));
+            QVERIFY(lines.contains(QStringLiteral("Edit/Remove Del")));
+            QVERIFY(lines.contains(QStringLiteral("Help/Keyboard Shortcuts F1")));
+            QCOMPARE(lines.filter(QStringLiteral("Later")),
+                QStringList((ismenus ? QStringLiteral("Day") : QStringLiteral("Elsewhere"))
+                    + QStringLiteral("/Later Ctrl+Alt+L or F9")));
+            int withkeys = 0;
+            for (const QAction *action : window()->findChildren<QAction *>())
+                withkeys += action->shortcut().isEmpty() ? 0 : 1;
+            QCOMPARE(lines.filter(QStringLiteral("/")).size(), withkeys);
+            QTest::keyClick(keys, Qt::Key_Down);
+            QTest::keyClick(keys, Qt::Key_C, Qt::ControlModifier);
+            QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
+            QTest::keyClick(keys, Qt::Key_Escape);
+            QVERIFY(!keys->isVisible());
+        }
+    }
+
+    void aboutSaysVersionLicenceFiguresAndStore()
+    {
+        QCoreApplication::setApplicationVersion(QStringLiteral("7.8.9"));
+        window()->findChild<QAction *>(QStringLiteral("actionabout"))->trigger();
+        QStringList texts;
+        for (const QLabel *text : sheet()->findChildren<QLabel *>())
+            texts << text->text();
+        for (const char *said : {"7.8.9", "MIT", "Release 24 (2011)"})
+            QVERIFY2(!texts.filter(QLatin1String(said)).isEmpty(), said);
+        QCOMPARE(sheet()->findChild<QLineEdit *>(QStringLiteral("storepath"))->text(), home->storePath());
+        QTest::keyClick(sheet(), Qt::Key_Return);
+        QCOMPARE(sheet(), nullptr);
+    }
+
+    void noPercentageIsCutInASmallWindow_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("points"); // of the font
+        for (const QSize size : {QSize(640, 400), QSize(800, 500), QSize(1920, 1080)})
+            for (const int points : {9, 14})
+                QTest::addRow("%d x %d, %d points", size.width(), size.height(), points) << size << points;
+    }
+
+    void noPercentageIsCutInASmallWindow()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, points);
+        const QFont usual = QApplication::font();
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        again();
+        window()->resize(size);
+        run->add({A});
+        run->edit(0, QStringLiteral("340000")); // 8500 %
+        run->controller.updateNutrients();
+        QCoreApplication::processEvents();
+        QApplication::setFont(usual);
+        QCOMPARE(window()->size(), size);
+        const QRect cell = nutrients()->visualRect(nutrients()->model()->index(0, 1));
+        QCOMPARE(shown(nutrients(), 0, 1), QStringLiteral("8500 %"));
+        QVERIFY(nutrients()->viewport()->rect().contains(cell));
+        QVERIFY(cell.width() >= nutrients()->fontMetrics().horizontalAdvance(QStringLiteral("8500 %")) + 8);
+    }
+
+    void namesAndUnitsHaveTheRoomTheyNeed_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<bool>("unitfits");
+        QTest::newRow("small") << 800 << false;
+        QTest::newRow("large") << 1920 << true;
+    }
+
+    void namesAndUnitsHaveTheRoomTheyNeed()
+    {
+        QFETCH(int, width);
+        QFETCH(bool, unitfits);
+        const QString unit = QStringLiteral("1 piece, cooked, excluding refuse (yield from 1 lb)");
+        const QString name = QStringLiteral("Beans, snap, green, canned, regular pack");
+        home->files.writeElements(name, "<measure name='" + unit.mid(2).toUtf8() + "' amount='1' grams='10'/>");
+        run->add({name});
+        run->controller.foods[0]->setCurunit(unit);
+        window()->resize(width, 500);
+        run->controller.logtable->reloadData();
+        QCoreApplication::processEvents();
+        const QFontMetrics metrics = table()->fontMetrics();
+        QCOMPARE(shown(table(), 0, 2), unit);
+        QCOMPARE(table()->columnWidth(2) >= metrics.horizontalAdvance(unit) + 22, unitfits);
+        QVERIFY(metrics.elidedText(name, Qt::ElideRight, table()->columnWidth(0) - 8).size() > 28);
+        QCOMPARE(table()->horizontalHeader()->length(), table()->viewport()->width());
+    }
+
+    void aColumnKeepsTheWidthThatThePersonGaveIt()
+    {
+        const auto drag = [](const TableView *view, int section, int by) {
+            QWidget *header = view->horizontalHeader()->viewport();
+            const QPoint edge(view->horizontalHeader()->sectionViewportPosition(section)
+                    + view->horizontalHeader()->sectionSize(section) - 1,
+                header->height() / 2);
+            QTest::mousePress(header, Qt::LeftButton, {}, edge);
+            QTest::mouseMove(header, edge + QPoint(by, 0));
+            QTest::mouseRelease(header, Qt::LeftButton, {}, edge + QPoint(by, 0));
+        };
+        window()->resize(1200, 600);
+        run->terminate();
+        QVERIFY(!run->store.objectForKey(QStringLiteral("ColumnWidths")).isValid());
+        drag(table(), amountcolumn, 30);
+        drag(nutrients(), 0, -20);
+        const int amount = table()->columnWidth(amountcolumn);
+        const int name = nutrients()->columnWidth(0);
+        run->add({A});
+        window()->resize(1000, 600);
+        QCOMPARE(table()->columnWidth(amountcolumn), amount);
+        run->terminate();
+        const QVariantList stored = run->store.objectForKey(QStringLiteral("ColumnWidths")).toList();
+        QCOMPARE(stored, QVariantList({amount, 0, 0, name}));
+        again();
+        QCOMPARE(table()->columnWidth(amountcolumn), amount);
+        QCOMPARE(nutrients()->columnWidth(0), name);
+        for (const QVariant &damaged :
+            {QVariant(5), QVariant(QVariantList{1, 2}), QVariant(QVariantList{-5, 0, 1 << 20, QByteArray("x")})}) {
+            run->store.setObject(damaged, QStringLiteral("ColumnWidths"));
+            again();
+            QVERIFY(table()->columnWidth(amountcolumn) < amount);
+        }
+    }
+
+    void aFirstWindowIsNoLargerThanItsScreen()
+    {
+        const QSize screen = window()->screen()->availableSize(); // the test's is smaller than the usual window
+        QVERIFY(screen.width() < 1080);
+        QVERIFY(window()->width() < screen.width());
+        QVERIFY(window()->height() < screen.height());
+    }
+
     void lookingInTheCalendarOpensNoDay()
     {
         DatePicker *picker = run->controller.datepicker;
@@ -251,9 +405,9 @@ private slots:
     void eachCommandFirstEndsAnOpenEditor_data()
     {
         QTest::addColumn<QString>("action");
-        for (const char *name :
-            {"actionaddfood", "actioncut", "actioncopy", "actionpaste", "actionremove", "actionpreviousday",
-                "actionnextday", "actiontoday", "actionpreferences", "actionselectall", "actiondeselect"})
+        for (const char *name : {"actionaddfood", "actioncut", "actioncopy", "actionpaste", "actionremove",
+                 "actionpreviousday", "actionnextday", "actiontoday", "actionpreferences", "actionselectall",
+                 "actiondeselect", "actionshortcuts", "actionabout"})
             QTest::newRow(name) << QString::fromLatin1(name);
     }
 
@@ -668,7 +822,22 @@ private:
         auto *field = table()->viewport()->findChild<QLineEdit *>();
         return field != nullptr && field->isVisible() ? field : nullptr;
     }
+    // Another run of the program.
+    void again()
+    {
+        run.reset();
+        run = std::make_unique<Run>(*home);
+        run->show();
+    }
     QString label() { return run->controller.label->text(); }
+    // The one that is open.
+    QDialog *sheet()
+    {
+        for (auto *dialog : window()->findChildren<QDialog *>())
+            if (dialog->isVisible())
+                return dialog;
+        return nullptr;
+    }
     static QString shown(const TableView *view, int row, int column)
     {
         return view->model()->index(row, column).data().toString();

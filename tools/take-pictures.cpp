@@ -20,6 +20,7 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPalette>
+#include <QPushButton>
 #include <QTemporaryDir>
 
 #include <cstdio>
@@ -164,7 +165,16 @@ void takeSheets(Day &day, Pictures &pictures)
     day.rdamenu->setCurrentIndex(day.rdamenu->findText(QStringLiteral("Vitamin C")));
     day.RDAtick();
     pictures.take(*day.preferences, QStringLiteral("preferences"));
+    day.preferences->findChild<QPushButton *>(QStringLiteral("resetbutton"))->click();
+    pictures.take(*day.preferences, QStringLiteral("question"));
     day.hidePrefs();
+    for (const char *name : {"shortcuts", "about"}) {
+        day.window->findChild<QAction *>(QLatin1String("action") + QLatin1String(name))->trigger();
+        Pictures::settle();
+        QWidget *sheet = QApplication::activeModalWidget();
+        pictures.take(*sheet, QLatin1String(name));
+        sheet->close();
+    }
 }
 
 } // namespace
@@ -173,8 +183,8 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3) {
-        std::fputs("usage: take-pictures <folder> day|dark|large\n", stderr);
+    if (arguments.size() != 3 && arguments.size() != 5) {
+        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name of the picture>]\n", stderr);
         return 2;
     }
     const QString &kind = arguments[2];
@@ -196,7 +206,11 @@ int main(int argc, char **argv)
             std::fputs("take-pictures: a food of the day lacks its unit\n", stderr);
             return 1;
         }
-        if (kind == QStringLiteral("day")) {
+        if (arguments.size() == 5) {
+            const QStringList size = arguments[3].split(u'x');
+            day.window->resize(size.value(0).toInt(), size.value(1).toInt());
+            pictures.take(*day.window, arguments[4]);
+        } else if (kind == QStringLiteral("day")) {
             pictures.take(*day.window, QStringLiteral("main"));
             store.setObject(false, QStringLiteral("UseP"));
             interface.show();
@@ -208,6 +222,8 @@ int main(int argc, char **argv)
             takeSheets(day, pictures);
             day.window->resize(800, 500);
             pictures.take(*day.window, QStringLiteral("small"));
+            day.nextDay();
+            pictures.take(*day.window, QStringLiteral("tomorrow"));
         } else {
             pictures.take(*day.window, kind);
             takeOtherDay(day, pictures, QStringLiteral("another-day-") + kind);

@@ -19,12 +19,13 @@
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMainWindow>
 #include <QScreen>
+#include <QStyle>
 
 #include <algorithm>
 #include <functional>
@@ -47,6 +48,14 @@ std::unique_ptr<TableCell> rightAligned(std::unique_ptr<TableCell> cell)
     return cell;
 }
 
+// About what a window manager puts around a window; nobody knows before it has.
+QSize frameSize()
+{
+    const QStyle *style = QApplication::style();
+    const int border = style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    return {2 * border, 2 * border + style->pixelMetric(QStyle::PM_TitleBarHeight)};
+}
+
 } // namespace
 
 MainInterface::MainInterface(AppDelegate &appdelegate)
@@ -56,10 +65,10 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     , window(std::make_unique<QMainWindow>())
     , preferences(new PreferencesSheet(window.get()))
     , addview(new AddFoodSheet(window.get()))
-    , addviewsize(new SheetSize(addview, SettingsKeys::AddFoodSheetSize))
 {
     main->setupUi(window.get());
     prefs->setupUi(preferences);
+    new SheetSize(addview, SettingsKeys::AddFoodSheetSize);
     makeTables();
     // So that both tables end at the same height, and a date has room.
     main->label->setMinimumHeight(main->usep->sizeHint().height());
@@ -74,6 +83,8 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
     connectOtherDay();
     makeMenus();
     connectPreferences();
+    connectHelp();
+    connectColumns();
     // While a sheet is open the window's own shortcuts do nothing, so each sheet has Quit too.
     preferences->addAction(main->actionquit);
     addview->addAction(main->actionquit);
@@ -84,8 +95,8 @@ MainInterface::MainInterface(AppDelegate &appdelegate)
 MainInterface::~MainInterface()
 {
     // A window that goes while it is shown sends a date or an RDA that was half typed; by then nobody is to hear of it.
-    for (QWidget *field : std::initializer_list<QWidget *>{main->datepicker, prefs->rdainput})
-        disconnect(field, nullptr, this, nullptr);
+    disconnect(main->datepicker, nullptr, this, nullptr);
+    disconnect(prefs->rdainput, nullptr, this, nullptr);
 }
 
 void MainInterface::makeTables()
@@ -98,25 +109,16 @@ void MainInterface::makeTables()
     log->addTableColumn(column(QStringLiteral("Unit"), tr("Unit"), std::make_unique<PopUpButtonCell>()));
     auto energy = std::make_unique<TableCell>();
     energy->setFormatter([](const QVariant &value) { return NumberText::fixed(double(value.toFloat()), 0); });
-    log->addTableColumn(column(QStringLiteral("Energy"), tr("Energy (kcal)"), rightAligned(std::move(energy))));
-    // The food takes what room there is; the others are as wide as what they usually hold.
-    const auto widthOf = [&](const QString &text) { return log->fontMetrics().horizontalAdvance(text) + 24; };
+    log->addTableColumn(column(QStringLiteral("Energy"), tr("kcal"), rightAligned(std::move(energy))));
     log->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
-    log->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
-    log->setColumnWidth(1, widthOf(QStringLiteral("10000.00")));
-    log->setColumnWidth(2, widthOf(QStringLiteral("1 fruit (2-5/8\" dia)")));
-    log->setColumnWidth(3, widthOf(tr("Energy (kcal)")));
+    log->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch); // what room the others leave
     log->setPlaceholderText(tr("Nothing eaten yet.\nPress Ctrl+N to add foods."));
 
     TableView *nutrients = main->nutrienttable;
     nutrients->addTableColumn(column(QStringLiteral("Name"), tr("Nutrient"), std::make_unique<TableCell>()));
     nutrients->addTableColumn(
         column(QStringLiteral("Amount"), tr("Amount"), rightAligned(std::make_unique<TextFieldCellRDA>())));
-    int widest = 0;
-    for (const QString &name : NutrientCatalogue::names())
-        widest = std::max(widest, widthOf(name));
-    nutrients->setColumnWidth(0, widest + nutrients->fontMetrics().horizontalAdvance(QStringLiteral("   ")));
-    nutrients->horizontalHeader()->setStretchLastSection(true);
+    nutrients->horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
     nutrients->setStartsBlock(NutrientCatalogue::startsBlock);
 }
 
@@ -142,6 +144,7 @@ void MainInterface::connectCommand(QAction *action, Operation operation, const s
         if (first)
             first();
         std::invoke(operation, controller);
+        showDay();
         showKept();
     });
 }
@@ -188,6 +191,7 @@ void MainInterface::connectCommands()
         if (main->datepicker->isInUse())
             leaveDayFor(main->datepicker->dateValue());
         controller.updateDate();
+        showDay();
         showKept();
     });
     connect(addview, &AddFoodSheet::addSelectedFoods, this, &MainInterface::addSelectedFoods);
@@ -326,6 +330,7 @@ void MainInterface::showKept()
 void MainInterface::show()
 {
     showSettings();
+    showDay();
     showKept();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     QList<QRect> screens;
@@ -334,6 +339,9 @@ void MainInterface::show()
     const QByteArray geometry = store.objectForKey(SettingsKeys::WindowGeometry).toByteArray();
     if (WindowState::isGeometry(geometry, screens))
         window->restoreGeometry(geometry);
+    else // a first window is no larger than its screen
+        window->resize(window->size().boundedTo(window->screen()->availableSize() - frameSize()));
+    restoreColumns(store);
     const QByteArray sizes = store.objectForKey(SettingsKeys::WindowSplitters).toByteArray();
     if (!WindowState::isSplitter(sizes, main->splitter->saveState()) || !main->splitter->restoreState(sizes))
         main->splitter->setSizes({660, 400});
@@ -359,13 +367,17 @@ void MainInterface::saveWindowState(UserDefaults &store) const
 {
     store.setObject(window->saveGeometry(), SettingsKeys::WindowGeometry);
     store.setObject(main->splitter->saveState(), SettingsKeys::WindowSplitters);
-    addviewsize->save(store);
+    saveColumns(store);
+    for (const SheetSize *size : window->findChildren<SheetSize *>())
+        size->save(store);
 }
 
 bool MainInterface::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Close)
         endEditing();
+    if (event->type() == QEvent::Resize && watched != window.get())
+        arrangeColumns();
     if (event->type() == QEvent::WindowActivate)
         showDay(); // left open past midnight, it is another day's
     return QObject::eventFilter(watched, event);

@@ -9,19 +9,21 @@
 #include <QList>
 #include <QObject>
 
+#include <array>
 #include <functional>
 #include <memory>
 
 class AddFoodSheet;
 class AppDelegate;
 class OtherDay;
-class SheetSize;
 class QAction;
 class QMainWindow;
 class PreferencesSheet;
 class TableView;
 class QCheckBox;
 class QDateTime;
+class QDialog;
+class ShortcutsSheet;
 class UserDefaults;
 namespace Ui {
 class MainWindow;
@@ -63,9 +65,24 @@ private:
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
     void showSettings();
+    // ui/MainInterfaceColumns.cpp
+    void connectColumns();
+    void restoreColumns(const UserDefaults &store);
+    // Nothing unless the person changed a width, now or in an earlier run.
+    void saveColumns(UserDefaults &store) const;
+    void arrangeColumns();
+    void arrangeLogColumns();
+    void arrangeNutrientColumns();
+
+    // ui/MainInterfaceHelp.cpp
+    void connectHelp();
+    void showShortcuts();
+    void showAbout();
+
     // ui/MainInterfaceDay.cpp
     void connectDay();
-    // The weekday, how far from today, and the window's title.
+    // The weekday, how far from today, and the window's title. To be called after whatever may have opened another day,
+    // and not inside it: the title goes to the display, and where that is broken the program saves and ends at once.
     void showDay();
     // The main sums of what the nutrient table shows.
     void showTotals();
@@ -108,11 +125,17 @@ private:
     AppDelegate &controller;
     std::unique_ptr<Ui::MainWindow> main; // the names of the controls; they outlive the controls
     std::unique_ptr<Ui::PreferencesSheet> prefs;
+    // What the person made them, 0 where the room decides: the log's amount, unit and energy, the nutrients' name.
+    std::array<int, 4> columnwidths{};
+    int unitwidth = 0; // that the units shown need
+    int nutrientwidth = 0; // that the nutrients' names need
+    bool arranging = false;
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday;
-    SheetSize *addviewsize;
+    ShortcutsSheet *shortcuts = nullptr; // until it is first asked for
+    QDialog *about = nullptr;
     InputGuard inputguard;
     MenuItems menuitems;
 };

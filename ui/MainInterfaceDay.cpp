@@ -38,11 +38,7 @@ void MainInterface::connectDay()
     main->todaybutton->setFont(bold);
     main->todaybutton->setMinimumWidth(main->todaybutton->sizeHint().width());
     main->todaybutton->setFont({});
-    // Every way to another day and every change of what is summed ends with these.
-    connect(main->nutrienttable, &TableView::reloaded, this, [this] {
-        showDay();
-        showTotals();
-    });
+    connect(main->nutrienttable, &TableView::reloaded, this, &MainInterface::showTotals);
 }
 
 void MainInterface::showDay()

@@ -13,6 +13,8 @@ class QWidget;
 // Gives a sheet, when it is first shown, the size that a person gave it in an earlier run, and writes the size that it
 // got in this one. Where it stands is the window manager's to say. Owned by the sheet.
 class SheetSize final : public QObject {
+    Q_OBJECT
+
 public:
     // The key's value is an array of two integers, width and height; anything else counts as absent. No sheet is made
     // larger than its screen.
