@@ -27,5 +27,6 @@ inline const QString WindowSplitters = QStringLiteral("WindowSplitters");
 inline const QString ColumnWidths = QStringLiteral("ColumnWidths");
 inline const QString ShortcutsSheetSize = QStringLiteral("ShortcutsSheetSize");
 inline const QString AddFoodSheetSize = QStringLiteral("AddFoodSheetSize");
+inline const QString DaySheetSize = QStringLiteral("DaySheetSize");
 
 } // namespace SettingsKeys

@@ -104,7 +104,7 @@ void DayReader::add(Days &days, QDate date, const QVariant &value)
         const Composition &composition = (*foods)[static_cast<std::size_t>(place)].composition;
         const float grams = composition.grams(food.curamount(), food.curunit());
         days.entries.append({place, grams});
-        DaySums::add(day.sums, DaySums::amountsOf(composition, grams));
+        DaySums::add(day.sums, composition, grams);
     }
     days.all.append(day);
 }

@@ -17,7 +17,7 @@ bool isBefore(const Day &day, QDate date)
 
 } // namespace
 
-std::span<const Day> Days::between(QDate first, QDate last) const
+std::span<const Day> Days::between(QDate first, QDate last) const &
 {
     const auto begin = std::lower_bound(all.cbegin(), all.cend(), first, isBefore);
     const auto end = std::lower_bound(begin, all.cend(), last.addDays(1), isBefore);

@@ -48,8 +48,11 @@ struct Days {
     QList<Entry> entries;
     std::shared_ptr<const Foods> foods;
 
-    [[nodiscard]] std::span<const Day> ofPeriod() const { return between(period.first, period.last); }
-    [[nodiscard]] std::span<const Day> between(QDate first, QDate last) const;
+    // They point into this: not to be asked of what is gone at the end of the line.
+    [[nodiscard]] std::span<const Day> ofPeriod() const & { return between(period.first, period.last); }
+    [[nodiscard]] std::span<const Day> between(QDate first, QDate last) const &;
+    std::span<const Day> ofPeriod() && = delete;
+    std::span<const Day> between(QDate first, QDate last) && = delete;
     // The day, if it is logged and was read.
     [[nodiscard]] const Day *on(QDate date) const;
     [[nodiscard]] std::span<const Entry> entriesOf(const Day &day) const;

@@ -39,6 +39,9 @@ public:
     // 0 to 60, or by the file's name to the letter, which need not be one of the catalogue.
     [[nodiscard]] std::optional<float> amount(int index) const;
     [[nodiscard]] std::optional<float> amount(const QString &nutrient) const;
+    // Those of the catalogue by nutrient index; 0 for one that the file does not list.
+    using Amounts = std::array<float, NutrientCatalogue::nutrientCount>;
+    [[nodiscard]] const Amounts &amounts() const { return nutrients; }
 
     // "g", then the measure titles in the order of the file: the list that unit indexes count in.
     [[nodiscard]] QStringList unitTitles() const;
@@ -61,7 +64,7 @@ private:
     void addMeasure(const FoodFile::Attributes &attributes);
     void addNutrient(const FoodFile::Attributes &attributes);
 
-    std::array<float, NutrientCatalogue::nutrientCount> nutrients{};
+    Amounts nutrients{};
     std::bitset<NutrientCatalogue::nutrientCount> listed; // unknown is not the same as 0
     QHash<QString, float> othernutrients; // of names that the catalogue lacks: empty for the files we ship
     QList<Unit> units; // "g" first and always

@@ -3,6 +3,8 @@
 
 #include "model/DaySums.h"
 
+#include <cmath>
+
 DaySums::Amounts DaySums::amountsOf(Food &food)
 {
     Amounts amounts{};
@@ -11,20 +13,26 @@ DaySums::Amounts DaySums::amountsOf(Food &food)
     return amounts;
 }
 
-DaySums::Amounts DaySums::amountsOf(const Composition &composition, float grams)
-{
-    Amounts amounts{};
-    for (std::size_t i = 0; i < amounts.size(); ++i) {
-        if (const std::optional<float> per100grams = composition.amount(static_cast<int>(i)))
-            amounts[i] = Composition::amountIn(grams, *per100grams);
-    }
-    return amounts;
-}
-
 void DaySums::add(Amounts &sums, const Amounts &amounts)
 {
     for (std::size_t i = 0; i < sums.size(); ++i)
         sums[i] = sums[i] + amounts[i];
+}
+
+void DaySums::add(Amounts &sums, const Composition &composition, float grams)
+{
+    // A sum that began at 0 stays the same, to the bit, whichever 0 a nutrient that is not listed adds to it. Only what
+    // is not finite must not be multiplied by that 0.
+    if (std::isfinite(grams)) {
+        const Amounts &amounts = composition.amounts();
+        for (std::size_t i = 0; i < sums.size(); ++i)
+            sums[i] = sums[i] + Composition::amountIn(grams, amounts[i]);
+        return;
+    }
+    for (std::size_t i = 0; i < sums.size(); ++i) {
+        if (const std::optional<float> per100grams = composition.amount(static_cast<int>(i)))
+            sums[i] = sums[i] + Composition::amountIn(grams, *per100grams);
+    }
 }
 
 DaySums::Amounts DaySums::of(std::vector<Food> &foods)

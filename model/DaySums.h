@@ -6,21 +6,20 @@
 #include "catalog/NutrientCatalogue.h"
 #include "model/Food.h"
 
-#include <array>
 #include <vector>
 
 // The 61 sums of a day, in the catalogue's order and units. What they are to the last bit is said here, once: 32-bit
 // floats from zero, one addition an entry, in the order of the log.
 namespace DaySums {
 
-using Amounts = std::array<float, NutrientCatalogue::nutrientCount>;
+using Amounts = Composition::Amounts;
 
 // The entry's amount of each nutrient. Loads the food.
 [[nodiscard]] Amounts amountsOf(Food &food);
-// The same of so many grams of a food that was read.
-[[nodiscard]] Amounts amountsOf(const Composition &composition, float grams);
 
 void add(Amounts &sums, const Amounts &amounts);
+// The same of so many grams of a food whose file was read.
+void add(Amounts &sums, const Composition &composition, float grams);
 
 // What opening a day with these entries shows. Loads them.
 [[nodiscard]] Amounts of(std::vector<Food> &foods);

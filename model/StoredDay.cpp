@@ -8,7 +8,12 @@
 #include <QHash>
 #include <QSet>
 
+#include <algorithm>
+
 namespace {
+
+// Up to so many entries it takes less to look through the names than to make a set of them.
+constexpr qsizetype usualDay = 40;
 
 std::optional<Food> foodOf(const QVariant &item)
 {
@@ -23,19 +28,25 @@ StoredDay StoredDay::of(const QVariant &value)
     StoredDay day;
     if (value.typeId() != QMetaType::QVariantList)
         return day;
-    QSet<QString> names;
     const QVariantList items = value.toList();
+    day.foods.reserve(static_cast<std::size_t>(items.size()));
+    QSet<QString> names;
+    const auto isKnown = [&](const QString &name) {
+        if (items.size() <= usualDay)
+            return std::any_of(
+                day.foods.begin(), day.foods.end(), [&](const Food &food) { return food.name() == name; });
+        const qsizetype former = names.size();
+        names.insert(name);
+        return names.size() == former;
+    };
     for (const QVariant &item : items) {
         std::optional<Food> food = foodOf(item);
         if (!food) {
             day.unread.append(item);
             continue;
         }
-        if (food->name()) { // an absent name equals no name
-            if (names.contains(*food->name()))
-                continue;
-            names.insert(*food->name());
-        }
+        if (food->name() && isKnown(*food->name())) // an absent name equals no name
+            continue;
         day.foods.push_back(*std::move(food));
     }
     return day;

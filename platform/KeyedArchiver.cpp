@@ -121,7 +121,7 @@ std::optional<KeyedUnarchiver> KeyedUnarchiver::unarchive(const QByteArray &data
     const std::optional<Reference> version = entry(document->root(), "$version");
     const std::optional<Reference> objects = entry(document->root(), "$objects");
     const std::optional<Reference> top = entry(entry(document->root(), "$top"), "root");
-    if (!archiver || document->string(*archiver) != archiverName || !version
+    if (!archiver || !document->isString(*archiver, archiverName) || !version
         || document->integer(*version) != archiveVersion || !objects || document->kind(*objects) != Kind::Array || !top)
         return {};
 

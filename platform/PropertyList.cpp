@@ -7,6 +7,7 @@
 
 #include <bit>
 #include <limits>
+#include <string_view>
 
 namespace PropertyList {
 
@@ -42,17 +43,20 @@ std::optional<Document> Document::parse(const QByteArray &bytes)
 }
 
 // The unsigned number of 1 to 8 bytes at that place, which the caller knows to be inside the document.
-quint64 Document::bigEndian(quint64 offset, quint64 size) const
+inline quint64 Document::bigEndian(quint64 offset, quint64 size) const
 {
+    const char *at = bytes.constData() + offset;
+    if (size == 1) // nearly always, and a record is asked for some fifty of them
+        return static_cast<quint8>(*at);
     quint64 number = 0;
     for (quint64 i = 0; i < size; ++i)
-        number = number << 8 | static_cast<quint8>(bytes.at(static_cast<qsizetype>(offset + i)));
+        number = number << 8 | static_cast<quint8>(at[i]);
     return number;
 }
 
 // The object with the place and size of its payload, both known to be inside the document's object area: nobody who
 // reads it needs to look at a bound again.
-Document::Object Document::object(Reference reference) const
+inline Document::Object Document::object(Reference reference) const
 {
     if (reference >= objectcount)
         return {};
@@ -131,7 +135,9 @@ Document::Object Document::sized(unsigned marker, quint64 payload) const
         object.count = bigEndian(payload + 1, size);
         object.offset = payload + 1 + size;
     }
-    if (object.count > (tableoffset - object.offset) / width)
+    // No division, which would be a third of what a record costs; the first half keeps the product from overflowing.
+    const quint64 left = tableoffset - object.offset;
+    if (object.count > left || object.count * width > left)
         return {};
     return object;
 }
@@ -265,14 +271,16 @@ Reference Document::value(Reference dictionary, quint64 index) const
 
 // Compared in place, and only when the lengths agree: a dictionary whose many entries share one long key costs no more
 // than their number.
-bool Document::isKey(Reference string, QLatin1String key) const
+bool Document::isString(Reference reference, QLatin1String text) const
 {
-    const Object found = object(string);
-    if (found.kind != Kind::String || found.count != static_cast<quint64>(key.size()))
+    const Object found = object(reference);
+    if (found.kind != Kind::String || found.count != static_cast<quint64>(text.size()))
         return false;
-    const quint64 width = found.wide ? 2 : 1;
+    if (!found.wide)
+        return std::string_view(bytes.constData() + found.offset, found.count)
+            == std::string_view(text.data(), found.count);
     for (quint64 i = 0; i < found.count; ++i) {
-        if (bigEndian(found.offset + i * width, width) != QChar(key.at(static_cast<qsizetype>(i))).unicode())
+        if (bigEndian(found.offset + i * 2, 2) != QChar(text.at(static_cast<qsizetype>(i))).unicode())
             return false;
     }
     return true;
@@ -284,7 +292,7 @@ std::optional<Reference> Document::valueForKey(Reference dictionary, QLatin1Stri
     if (found.kind != Kind::Dictionary)
         return {};
     for (quint64 i = 0; i < found.count; ++i) {
-        if (isKey(referenceAt(found, i), key))
+        if (isString(referenceAt(found, i), key))
             return referenceAt(found, found.count + i);
     }
     return {};

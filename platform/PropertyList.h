@@ -49,6 +49,8 @@ public:
     [[nodiscard]] std::optional<QByteArray> data(Reference object) const;
     [[nodiscard]] std::optional<QString> string(Reference object) const;
     [[nodiscard]] std::optional<quint64> uid(Reference object) const;
+    // Whether the object is a string and this one.
+    [[nodiscard]] bool isString(Reference object, QLatin1String text) const;
 
     // Elements of an array, entries of a dictionary, bytes of data, characters of a string; 0 of anything else.
     [[nodiscard]] quint64 count(Reference object) const;
@@ -73,7 +75,6 @@ private:
     [[nodiscard]] Object object(Reference reference) const;
     [[nodiscard]] Object sized(unsigned marker, quint64 payload) const;
     [[nodiscard]] Reference referenceAt(const Object &object, quint64 index) const;
-    [[nodiscard]] bool isKey(Reference string, QLatin1String key) const;
 
     QByteArray bytes;
     quint64 offsetsize = 0;

@@ -123,7 +123,8 @@ private slots:
         QCOMPARE(run->entries(), mealentries);
         QCOMPARE(run->controller.logtable->model()->rowCount(), 3);
         QCOMPARE(run->controller.label->text(), QStringLiteral("3 foods"));
-        QCOMPARE(run->nutrient(QStringLiteral("Amount"), 0).toString(), QStringLiteral("9 %")); // 185 of 2000
+        QCOMPARE(run->controller.nutrienttable->model()->index(0, 1).data().toString(),
+            QStringLiteral("9 %")); // 185 of 2000
 
         const auto records = run->controller.curdatefoods;
         const auto totals = run->controller.nutrientstotal;
@@ -172,6 +173,15 @@ private slots:
             StoreView(home->storePath()).column("SELECT key FROM defaults WHERE key LIKE '%.unread'"), QStringList());
     }
 
+    void lookingAtADayIsNotReadingIt()
+    {
+        start({{1, meal}});
+        openSheet();
+        press(Qt::Key_Return);
+        run->store.setObject(QVariantList(), key(1)); // by somebody who has not opened it
+        QCOMPARE(run->store.unreadObjectsForKey(key(1)), QVariantList{QVariant(meal)});
+    }
+
     void spaceTakesAnEntryOutAndInAgain()
     {
         start({{1, meal}});
@@ -179,12 +189,19 @@ private slots:
         press(Qt::Key_Space);
         press(Qt::Key_Down);
         press(Qt::Key_Space);
+        press(Qt::Key_Down);
+        QTest::keyPress(QApplication::focusWidget(), Qt::Key_Space);
         hold(Qt::Key_Space, QStringLiteral(" "));
+        QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Space);
+        press(Qt::Key_Up);
         press(Qt::Key_Up);
         press(Qt::Key_Space);
         QCOMPARE(rows(),
             (QStringList{QStringLiteral("[x] C 250.00 g"), QStringLiteral("[ ] A 0.50 1 cup"),
-                QStringLiteral("[x] Z 3.00 1 unknown")}));
+                QStringLiteral("[ ] Z 3.00 1 unknown")}));
+        QCOMPARE(addButton()->text(), QStringLiteral("&Add"));
+        press(Qt::Key_End);
+        press(Qt::Key_Space);
         QCOMPARE(addButton()->text(), QStringLiteral("&Add 2 foods"));
         press(Qt::Key_Return);
         QCOMPARE(run->entries(), (QStringList{mealentries[0], mealentries[2]}));
@@ -222,6 +239,15 @@ private slots:
         QCOMPARE(run->names().last(), B);
     }
 
+    void withoutAnEarlierDayTheNextOneIsOffered()
+    {
+        start({{-3, meal}, {-4, meal}});
+        openSheet();
+        QCOMPARE(title(), QStringLiteral("3 days after"));
+        // The program ends from here too.
+        QVERIFY(sheet->actions().contains(run->controller.window->findChild<QAction *>(QStringLiteral("actionquit"))));
+    }
+
     void aDayEnteredInThisRunIsOffered()
     {
         start({});
@@ -247,6 +273,20 @@ private slots:
         QCOMPARE(title(), QStringLiteral("4 days before"));
     }
 
+    void theSheetHasTheSizeThatItWasLastGiven()
+    {
+        start({{1, meal}});
+        openSheet();
+        const QSize size = sheet->size() - QSize(40, 30);
+        sheet->resize(size);
+        press(Qt::Key_Escape);
+        QVERIFY(run->terminate());
+        run.reset();
+        start({});
+        openSheet();
+        QCOMPARE(sheet->size(), size);
+    }
+
     void escAndCancelAddNothing()
     {
         start({{1, meal}});
@@ -268,9 +308,6 @@ private slots:
         press(Qt::Key_Space);
         QVERIFY(!addButton()->isEnabled());
         press(Qt::Key_Return);
-        QVERIFY(sheet->isVisible());
-        press(Qt::Key_Space);
-        hold(Qt::Key_Return, QStringLiteral("\r"));
         QVERIFY(sheet->isVisible());
         QCOMPARE(run->names(), QStringList());
     }
@@ -300,7 +337,7 @@ private slots:
                     qPrintable(control->objectName()));
         }
         QAccessibleInterface *table = QAccessible::queryAccessibleInterface(list());
-        QCOMPARE(table->text(QAccessible::Description), list()->accessibleDescription());
+        QCOMPARE(table->text(QAccessible::Description), sheet->findChild<QLabel *>(QStringLiteral("daylabel"))->text());
         const auto heard = [&](int row) { return table->tableInterface()->cellAt(row, 0); };
         QCOMPARE(heard(0)->text(QAccessible::Name), QStringLiteral("C, 250.00 g"));
         QVERIFY(heard(0)->state().checked);

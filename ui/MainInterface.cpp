@@ -209,6 +209,7 @@ void MainInterface::connectOtherDay()
 {
     auto *sheet = new DaySheet(window.get());
     sheet->addAction(main->actionquit);
+    new SheetSize(sheet, SettingsKeys::DaySheetSize);
     otherday = std::make_unique<OtherDay>(controller, *sheet);
     connect(main->actionaddfromday, &QAction::triggered, this, [this] {
         main->logtable->endEditing();

@@ -141,8 +141,6 @@ void DaySheet::keyPressEvent(QKeyEvent *event)
         QDialog::keyPressEvent(event); // Esc
         return;
     }
-    if (event->isAutoRepeat())
-        return;
     if (auto *button = qobject_cast<QAbstractButton *>(focusWidget()))
         button->click();
     else
