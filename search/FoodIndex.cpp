@@ -150,6 +150,8 @@ void FoodIndex::sortVocabulary(const std::vector<int> &uses, const std::vector<i
         word.stopWord = tone == Tone::StopWord;
         word.raw = word.text == "raw";
         word.cooked = word.text == "cooked";
+        word.heat = word.text == "heat";
+        word.either = word.text == "or";
         word.forFew = FoodLexicon::isForFew(word.text);
         word.state = FoodLexicon::tellsState(word.text) || word.brand;
     }

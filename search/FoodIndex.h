@@ -60,6 +60,8 @@ public:
         bool stopWord = false;
         bool raw = false;
         bool cooked = false;
+        bool heat = false;
+        bool either = false; // "or"
 
         [[nodiscard]] bool counts() const { return !stopWord && !brand; }
     };

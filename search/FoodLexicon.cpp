@@ -90,15 +90,16 @@ bool FoodLexicon::isAbbreviation(const QByteArray &word)
 
 bool FoodLexicon::isIdle(const QByteArray &word)
 {
-    static const QSet<QByteArray> words = setOf("a an and at by for from in my of on or some the to with");
+    static const QSet<QByteArray> words = setOf("a an and at by for from in my of on or over some the to with");
     return words.contains(word);
 }
 
 bool FoodLexicon::isUnknownFood(const QByteArray &word)
 {
-    static const QSet<QByteArray> words = setOf(
-        "banh bao biryani carbonara dumpling edamame gyoza jambalaya kefir kimchi korma laksa masala matcha moussaka "
-        "naan paella pesto pho risotto satay seitan tandoori tempura tikka tiramisu vindaloo wellington");
+    static const QSet<QByteArray> words
+        = setOf("banh bao biryani carbonara casein cullen dim dragonfruit dumpling etouffee edamame fairy gulab "
+                "harissa jolly gyoza jambalaya kefir kimchi korma laksa masala matcha moussaka "
+                "naan paella pesto pho risotto satay seitan tandoori tempura tikka tiramisu vindaloo wellington");
     return words.contains(word);
 }
 
@@ -115,13 +116,14 @@ bool FoodLexicon::isCut(const QByteArray &word)
     static const QSet<QByteArray> words = setOf(
         "bake black bowl casserole chunk chunks cubes cutlet dip fillet fillets filet green halves heart hearts kebab "
         "leaves loin mince pieces plate platter portion portions red rings sandwich sandwiches scramble skewer skewers "
-        "slices spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow");
+        "slices spear spears spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow");
     return words.contains(word);
 }
 
 bool FoodLexicon::isServing(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf(
-        "bit bottle bowl can cup fresh glass handful homemade some organic piece pint plate portion serving slice");
+        "bit bottle bowl can carton cup extra fresh glass handful half homemade large medium organic piece pint plate "
+        "portion scoop serving slice small some");
     return words.contains(word) || tone(word) == Tone::StopWord;
 }

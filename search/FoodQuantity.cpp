@@ -67,7 +67,7 @@ std::optional<Number> digitsAt(const Tokens &tokens, std::size_t at)
 std::optional<Number> wordsAt(const Tokens &tokens, std::size_t first)
 {
     std::size_t at = first;
-    if (isWord(tokens, at, "half") && isWord(tokens, at + 1, "and"))
+    if (isWord(tokens, at, "half") && (isWord(tokens, at + 1, "and") || isWord(tokens, at + 1, "n")))
         return std::nullopt; // a food
     double value = 1;
     bool any = false;

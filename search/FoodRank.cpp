@@ -115,12 +115,10 @@ public:
             total += meaning.cooked ? FoodIndex::plainWeight : 0;
             return;
         }
-        if (next != nullptr && next->text == "heat")
+        if (next != nullptr && next->heat)
             own = 0; // "dry heat" is no dried food
-        else if (next != nullptr && next->text == "or" && meaning.processed)
+        else if (meaning.processed && next != nullptr && next->either)
             own = 0; // "canned or bottled" is any
-        else if (next != nullptr && next->text == "caffeine" && meaning.text == "without")
-            own = FoodIndex::processedWeight;
         else if (word.byProduct)
             own = FoodIndex::processedWeight;
         else if (word.place == Place::Shelf)

@@ -77,11 +77,13 @@ const std::vector<int> &FoodSearch::search(const QString &query)
         whole = answerToRest(quantities);
     if (whole.ranks.empty() && !quantities.empty())
         whole = answerTo(text);
-    if (whole.ranks.empty()) {
-        whole = partialAnswerTo(quantities.empty() ? text : quantities.front().rest);
-        if (!whole.ranks.empty() && !quantities.empty())
-            askedquantity = quantities.front().quantity;
-    }
+    const bool none = whole.ranks.empty();
+    complete(whole,
+        none && !quantities.empty() ? quantities.front().rest
+            : askedquantity         ? quantities.front().rest
+                                    : text);
+    if (none && !whole.ranks.empty() && !quantities.empty())
+        askedquantity = quantities.front().quantity;
     last = std::move(whole);
     found.reserve(last.ranks.size());
     for (const FoodRank &rank : last.ranks)
@@ -113,6 +115,50 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
     return answer;
 }
 
+// What is meant where all the words together find nothing, nothing but baby food, or few foods: of "scone with jam" the
+// scone, else the names that match the most of the words. Few foods are only followed by those, up to a first glance's
+// worth.
+void FoodSearch::complete(Answer &whole, const QString &query) const
+{
+    constexpr std::size_t glance = 5;
+    const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
+    if (!unmeant && whole.ranks.size() >= glance)
+        return;
+    Answer more = answerToMain(query);
+    if (more.ranks.empty() || (!unmeant && whole.ranks.front().tier <= more.ranks.front().tier))
+        more = partialAnswerTo(query);
+    if (more.ranks.empty() || more.ranks.front().forFew)
+        return;
+    if (unmeant) {
+        whole = std::move(more);
+        return;
+    }
+    whole.readings.insert(whole.readings.end(), more.readings.begin(), more.readings.end());
+    whole.partial = more.partial;
+    const std::vector<FoodRank> first = whole.ranks;
+    for (const FoodRank &rank : more.ranks)
+        if (whole.ranks.size() < glance
+            && std::none_of(first.begin(), first.end(), [&](const FoodRank &each) { return each.name == rank.name; }))
+            whole.ranks.push_back(rank);
+}
+
+// The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.
+FoodSearch::Answer FoodSearch::answerToMain(const QString &query) const
+{
+    std::vector<QByteArray> words = QueryWords::of(query);
+    const auto joint = std::find_if(words.begin(), words.end(),
+        [](const QByteArray &word) { return word == "with" || word == "on" || word == "in"; });
+    if (joint == words.begin() || joint == words.end())
+        return {};
+    std::vector<QByteArray> rest(joint, words.end());
+    words.erase(joint, words.end());
+    std::erase_if(words, FoodLexicon::isServing);
+    std::erase_if(rest, FoodLexicon::isServing);
+    Answer answer = rank(words.empty() ? std::vector<FoodQuery::Reading>() : FoodQuery::readings(words, *index), false);
+    answer.missing = std::move(rest);
+    return answer;
+}
+
 // The names that match the most of the words, when none matches all.
 FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
 {
@@ -121,8 +167,10 @@ FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
     Answer answer;
     if (words.size() > 1)
         answer = rank(FoodQuery::partialReadings(words, *index), true);
-    const auto others = std::find_if(answer.ranks.begin(), answer.ranks.end(),
-        [&](const FoodRank &each) { return each.missing != answer.ranks.front().missing; });
+    const auto full
+        = std::find_if(answer.ranks.begin(), answer.ranks.end(), [](const FoodRank &each) { return each.missing > 0; });
+    const auto others
+        = std::find_if(full, answer.ranks.end(), [&](const FoodRank &each) { return each.missing != full->missing; });
     answer.ranks.erase(others, answer.ranks.end());
     return answer;
 }
@@ -199,20 +247,20 @@ std::optional<FoodRank> FoodSearch::bestRank(const Answer &answer, int name, con
     return best;
 }
 
-QStringList FoodSearch::missingWords() const
+QStringList FoodSearch::missingWords(int name) const
 {
     QStringList missing;
-    if (!last.partial || last.ranks.empty())
-        return missing;
-    const int name = last.ranks.front().name;
     const FoodQuery::Reading *reading = nullptr;
-    (void)bestRank(last, name, &reading);
+    if (!bestRank(last, name, &reading))
+        return missing;
     const FoodIndex::Name &entry = index->names()[static_cast<std::size_t>(name)];
     const FoodIndex::NameWord *words = index->wordsOf(entry);
     for (const FoodQuery::Term &term : reading->terms)
         if (std::none_of(words, words + entry.count,
                 [&](const FoodIndex::NameWord &word) { return term.match(word) != Match::None; }))
             missing << QString::fromLatin1(term.text.split('|').front());
+    for (const QByteArray &word : last.missing)
+        missing << QString::fromLatin1(word);
     return missing;
 }
 

@@ -50,9 +50,9 @@ public:
     // How much of a food the last query asked for, if it did.
     [[nodiscard]] const std::optional<FoodQuantity> &quantity() const { return askedquantity; }
 
-    // The words of the last query that its first hit lacks: none, unless no name holds all of them. Then the names that
-    // hold the most were found.
-    [[nodiscard]] QStringList missingWords() const;
+    // The words of the last query that a found name lacks. Where no name holds all of them, or few do, names that hold
+    // the most are found too.
+    [[nodiscard]] QStringList missingWords(int name) const;
 
     // The letters of a found name that the last query found it by, in ascending order and apart from each other.
     [[nodiscard]] std::vector<Letters> matchedLetters(int name) const;
@@ -62,9 +62,12 @@ private:
         std::vector<FoodQuery::Reading> readings;
         std::vector<FoodRank> ranks; // the least first
         bool partial = false;
+        std::vector<QByteArray> missing; // words that were left out
     };
 
     [[nodiscard]] Answer answerTo(const QString &query) const;
+    void complete(Answer &whole, const QString &query) const;
+    [[nodiscard]] Answer answerToMain(const QString &query) const;
     [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
     [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
     [[nodiscard]] Answer answerToRest(const std::vector<FoodQuantity::Reading> &quantities);

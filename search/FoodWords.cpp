@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdlib>
 #include <string>
 
@@ -55,6 +56,16 @@ bool joinsInitials(QStringView text, qsizetype at, std::size_t letters)
 bool joinsLetters(QChar character)
 {
     return character == u'\'' || character == u'\u2019' || (character.unicode() >= 0x80 && character.isMark());
+}
+
+// Which letters and digits a word has, a bit each.
+quint64 lettersOf(const QByteArray &word)
+{
+    constexpr int digits = 26; // come after the letters
+    quint64 letters = 0;
+    for (const char letter : word)
+        letters |= quint64(1) << (letter >= 'a' && letter <= 'z' ? letter - 'a' : digits + (letter & 15));
+    return letters;
 }
 
 } // namespace
@@ -108,6 +119,9 @@ int FoodWords::editDistance(const QByteArray &typed, const QByteArray &word, int
     const auto rows = static_cast<int>(typed.size());
     const int columns = std::min(static_cast<int>(word.size()), prefix ? rows + limit : longestcompared);
     if (rows > longestcompared || (!prefix && std::abs(rows - static_cast<int>(word.size())) > limit))
+        return limit + 1;
+    // Each edit brings in one letter at most: most words differ in too many for the long way to be worth while.
+    if (std::popcount(lettersOf(typed) & ~lettersOf(word)) > limit)
         return limit + 1;
 
     using Row = std::array<int, 2 * longestcompared + 1>;
