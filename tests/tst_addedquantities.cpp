@@ -89,6 +89,18 @@ private slots:
         QCOMPARE(handedOver(apricots), QStringLiteral("2.5|1 apricot"));
     }
 
+    void amountsAreReadAsPeopleWriteThem()
+    {
+        open();
+        type("apricots raw");
+        clickUnit(3);
+        press(Qt::Key_Tab);
+        type("1/2");
+        QCOMPARE(text("amountlabel"), QStringLiteral("0.5 \u00d7 1 apricot, 17.5 g, 8 kcal"));
+        press(Qt::Key_Return);
+        QCOMPARE(handedOver(apricots), QStringLiteral("0.5|1 apricot"));
+    }
+
     void aClickOnAMeasureChoosesOneOfIt()
     {
         open();

@@ -185,7 +185,7 @@ private slots:
             QVERIFY2(!interface->text(QAccessible::Name).isEmpty(), qPrintable(widget->objectName()));
             ++named;
         }
-        QCOMPARE(named, 9);
+        QCOMPARE(named, 10);
     }
 
     void tabReachesAndLeavesEverything()
@@ -204,9 +204,10 @@ private slots:
         QVERIFY(field()->hasFocus());
         QCOMPARE(visited.join(u' '),
             QStringLiteral(
-                "amountfield measurelist foodlist tobeaddedlist keepbutton removebutton addbutton cancelbutton"));
+                "amountfield measurelist foodlist tobeaddedlist keepbutton removebutton addbutton cancelbutton "
+                "nutrientbox"));
         press(Qt::Key_Backtab);
-        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("cancelbutton"));
+        QCOMPARE(QApplication::focusWidget()->objectName(), QStringLiteral("nutrientbox"));
     }
 
     void noButtonIsPressedByAnEnterElsewhere()

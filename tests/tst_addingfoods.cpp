@@ -9,6 +9,7 @@
 #include "catalog/FoodCatalogue.h"
 #include "model/FoodRecord.h"
 #include "platform/LocalDay.h"
+#include "platform/TypedNumber.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/foodsheet/ArrayController.h"
 
@@ -116,6 +117,25 @@ private slots:
             QCOMPARE(foodlist()->currentIndex().data().toString().startsWith(QLatin1String("Milk, nonfat")), wanted);
             run.reset();
         }
+    }
+
+    void theFoodsByANutrientAreAskedForOnItsRow()
+    {
+        start();
+        TableView *nutrients = run->controller.nutrienttable;
+        nutrients->setFocus();
+        nutrients->setCurrentRow(NutrientCatalogue::indexOfNutrient("Iron"));
+        run->store.setObject(false, QStringLiteral("UseP"));
+        key(Qt::Key_R, Qt::ControlModifier);
+        QCOMPARE(run->controller.addview->windowTitle(), QStringLiteral("Foods by iron"));
+        QTRY_VERIFY(foodlist()->model()->rowCount() > 7000);
+        type("fish");
+        const QString food = foodlist()->currentIndex().data().toString();
+        const QString said = rowText(0);
+        QVERIFY2(said.endsWith(QLatin1String(" %")), qPrintable(said)); // of the built-in allowance
+        key(Qt::Key_Return);
+        QCOMPARE(run->names(), QStringList{food});
+        QVERIFY2(said.contains(run->controller.foods[0]->curunit().value_or(QString())), qPrintable(said));
     }
 
     // What the preview says of a food is what both logs get, whatever the food's file is like.
@@ -231,7 +251,9 @@ private:
         const QString added = foodlist()->currentIndex().data().toString();
         const bool plain
             = sheet->findChild<QLabel *>(QStringLiteral("amountlabel"))->text() == QLatin1String("In 100 g");
-        const std::string amount = sheet->findChild<QLineEdit *>(QStringLiteral("amountfield"))->text().toStdString();
+        const std::string amount
+            = TypedNumber::withPeriod(sheet->findChild<QLineEdit *>(QStringLiteral("amountfield"))->text())
+                  .toStdString();
         const int unit = units->indexOfTopLevelItem(units->currentItem());
         const std::string title = units->currentItem()->text(0).toStdString();
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);

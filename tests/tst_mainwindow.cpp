@@ -774,8 +774,9 @@ private slots:
                 {"actionpaste", "Ctrl+V"}, {"actionremove", "Del"}, {"actionselectall", "Ctrl+A"},
                 {"actiondeselect", "Ctrl+Shift+A"}, {"actioneditamount", "F2"}, {"actionchooseunit", "Alt+Down"},
                 {"actionpreferences", "Ctrl+,"}, {"actionpreviousday", "Alt+Left"}, {"actionnextday", "Alt+Right"},
-                {"actiontoday", "Ctrl+T"}, {"actionaddfromday", "Ctrl+D"}, {"actionhistory", "Ctrl+H"},
-                {"actionpreviousloggedday", "Alt+Shift+Left"}, {"actionnextloggedday", "Alt+Shift+Right"}};
+                {"actiontoday", "Ctrl+T"}, {"actionfoodsbynutrient", "Ctrl+R"}, {"actionaddfromday", "Ctrl+D"},
+                {"actionhistory", "Ctrl+H"}, {"actionpreviousloggedday", "Alt+Shift+Left"},
+                {"actionnextloggedday", "Alt+Shift+Right"}};
         QList<QAction *> items;
         for (const QAction *menu : window()->menuBar()->actions())
             items += menu->menu()->actions();

@@ -35,6 +35,15 @@ QString dayText(QDate day, QDate today)
 
 } // namespace
 
+void MainInterface::openFoodSheet()
+{
+    main->logtable->endEditing();
+    // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
+    main->datepicker->interpretText();
+    prepareFoodSheet();
+    controller.addFood();
+}
+
 void MainInterface::prepareFoodSheet()
 {
     const UserDefaults &store = UserDefaults::standardUserDefaults();
@@ -46,6 +55,7 @@ void MainInterface::prepareFoodSheet()
         for (const History::OwnFood &food : own.all())
             logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
     }
+    addview->setAllowances(controller.rdas);
     addview->setOwnFoods(std::move(logged), int(History::OwnFoods::listed));
 }
 

@@ -153,12 +153,10 @@ void MainInterface::connectCommand(QAction *action, Operation operation, const s
 
 void MainInterface::connectCommands()
 {
-    connect(main->actionaddfood, &QAction::triggered, this, [this] {
-        main->logtable->endEditing();
-        // A date typed but not entered counts now: the sheet is to mark the foods of the day that it adds to.
-        main->datepicker->interpretText();
-        prepareFoodSheet();
-        controller.addFood();
+    connect(main->actionaddfood, &QAction::triggered, this, &MainInterface::openFoodSheet);
+    connect(main->actionfoodsbynutrient, &QAction::triggered, this, [this] {
+        openFoodSheet();
+        addview->orderByNutrient(std::max(main->nutrienttable->currentIndex().row(), 0));
     });
     const auto selectframed = [this] { selectFramedRow(); };
     connectCommand(main->actioncut, &AppDelegate::cut, selectframed);

@@ -98,7 +98,8 @@ private:
     void showKept();
 
     // ui/AddedFoods.cpp
-    // Tells the sheet what the person has logged.
+    // The controller's addFood(), after the sheet was told what the person has logged.
+    void openFoodSheet();
     void prepareFoodSheet();
     // The controller's operation, and then the quantities that the foods were chosen with.
     void addSelectedFoods();

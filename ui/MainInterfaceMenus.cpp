@@ -38,7 +38,7 @@ void MainInterface::makeMenus()
     addRowMenu(log, tr("Food"),
         {main->actioneditamount, main->actionchooseunit, between, main->actioncut, main->actioncopy, main->actionpaste,
             between, main->actionremove});
-    addRowMenu(main->nutrienttable, tr("Nutrient"), {main->actionsetallowance});
+    addRowMenu(main->nutrienttable, tr("Nutrient"), {main->actionfoodsbynutrient, main->actionsetallowance});
     setConditions();
     menuitems.watch(main->editmenu);
 }

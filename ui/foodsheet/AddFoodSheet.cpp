@@ -60,6 +60,7 @@ void AddFoodSheet::makeControls()
         showFoodToBeAdded();
         showChoice();
     });
+    fillOrderBoxes();
     connect(ui->preview, &FoodPreview::quantityChosen, this, &AddFoodSheet::quantityChosen);
     // What is still being composed is searched for before anything is done with what was found.
     for (QPushButton *button : {ui->keepbutton, ui->addbutton}) {
@@ -82,6 +83,8 @@ void AddFoodSheet::open()
     for (const FoodLeft &food : std::exchange(foodsleft, {}))
         controller.addFoodToBeAdded(food.name, food.quantity);
     foods->setOwnFoods(ownfoods, ownfoodslisted);
+    ui->nutrientbox->setCurrentIndex(0);
+    orderChanged();
     showFoodsToBeAdded();
     if (ui->searchfield->text().isEmpty())
         search({});
@@ -94,12 +97,9 @@ void AddFoodSheet::search(const QString &query)
 {
     entered.clear();
     foods->setQuery(query);
-    ui->foodlist->setParts(tr("Foods you have logged"), foods->ownRowCount(), tr("All foods"));
-    const int hits = foods->foodCount();
-    ui->hitslabel->setText(hits == 0 ? tr("No food found") : hits == 1 ? tr("1 food") : tr("%1 foods").arg(hits));
-    nohitslabel->setVisible(hits == 0);
+    showAnswer();
     // What comes first is what Enter adds. With nothing typed nobody has chosen anything yet.
-    if (hits > 0 && !FoodSearch::isEmpty(query)) {
+    if (foods->rowCount() > 0 && !FoodSearch::isEmpty(query)) {
         ui->foodlist->setCurrentIndex(foods->index(0));
     } else {
         showCurrentFood();

@@ -53,6 +53,11 @@ public:
     // nothing is typed. To be set before it opens.
     void setOwnFoods(std::vector<LoggedFood> logged, int listed);
 
+    // What the shares of an allowance are of, by nutrient. To be set before it opens.
+    void setAllowances(const FoodListModel::Allowances &rdas) { allowances = rdas; }
+    // Orders the open sheet by a nutrient, as its own box does. Opening forgets the order.
+    void orderByNutrient(int nutrient);
+
     // How many foods wait on the list "To be added" of the closed sheet.
     [[nodiscard]] qsizetype countOfFoodsLeft() const { return qsizetype(foodsleft.size()); }
 
@@ -71,6 +76,10 @@ protected:
 private:
     void makeControls();
     void search(const QString &query);
+    void showAnswer();
+    void fillOrderBoxes();
+    void orderChanged();
+    void readFoods();
     void selectionChanged();
     void keepFoods();
     void removeFood();
@@ -98,6 +107,8 @@ private:
         std::optional<Quantity> quantity;
     };
     std::vector<FoodLeft> foodsleft;
+    FoodListModel::Allowances allowances{};
+    bool readswhenpainted = false; // the food files, once the window says so
     std::vector<LoggedFood> ownfoods;
     int ownfoodslisted = 0;
     QHash<int, Quantity> entered; // in the preview, by row, until the list is another

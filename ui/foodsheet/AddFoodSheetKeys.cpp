@@ -6,6 +6,7 @@
 #include "ui_AddFoodSheet.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -74,6 +75,8 @@ void AddFoodSheet::keyPressEvent(QKeyEvent *event)
         keepFoods();
     else if (auto *button = qobject_cast<QAbstractButton *>(focusWidget()))
         button->click();
+    else if (qobject_cast<QComboBox *>(focusWidget()) != nullptr)
+        ui->searchfield->setFocus(); // who has chosen an order has chosen no food yet
     else if (foods->rowCount() > 0)
         accept(); // while nothing is found, a slip is to be corrected and not obeyed
 }
@@ -90,6 +93,8 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
             return amountKeyPressed(key);
         return watched == ui->searchfield ? fieldKeyPressed(key) : listKeyPressed(watched, key);
     }
+    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport() && readswhenpainted)
+        readFoods();
     // The preview shows the food of the list that the keyboard is in.
     if (event->type() == QEvent::FocusIn && watched == ui->tobeaddedlist)
         showFoodToBeAdded();

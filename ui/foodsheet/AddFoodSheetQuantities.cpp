@@ -25,7 +25,7 @@ std::optional<Quantity> AddFoodSheet::quantityAt(int row) const
         static_cast<void>(composition.read(foods->nameAt(row))); // without a file there are grams
         return Quantity::asked(*foods->askedQuantity(), composition);
     }
-    return row < foods->ownRowCount() ? foods->lastQuantity(row) : std::nullopt;
+    return foods->saidQuantity(row);
 }
 
 QString AddFoodSheet::noteAt(int row) const

@@ -111,15 +111,26 @@ void FoodDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given, c
     const QColor color = textColor(option);
     painter->save();
     painter->setClipRect(option.rect);
+    const auto drawAtRight = [&](const QString &text, int width) {
+        painter->setFont(option.font);
+        painter->drawText(rect, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), text);
+        rect.setRight(rect.right() - width - 2 * gap);
+    };
+    painter->setPen(color);
+    const QStringList figures = index.data(FoodListModel::FiguresRole).toStringList();
+    if (!figures.isEmpty()) { // in columns, so that they are compared at a glance
+        drawAtRight(figures[1], option.fontMetrics.horizontalAdvance(QStringLiteral("0000 %")));
+        drawAtRight(figures[0], option.fontMetrics.horizontalAdvance(QStringLiteral("0000 mcg")));
+    }
     if (!mark.isEmpty()) {
-        const int width = option.fontMetrics.horizontalAdvance(mark);
         QColor weaker = color;
         if (!option.state.testFlag(QStyle::State_Selected)) // on the highlight's colour it would be too pale to read
             weaker.setAlphaF(0.7F);
         painter->setPen(weaker);
-        painter->setFont(option.font);
-        painter->drawText(rect, static_cast<int>(Qt::AlignRight | Qt::AlignVCenter), mark);
-        rect.setRight(rect.right() - width - 2 * gap);
+        // A portion may have a long title; the food's name comes first.
+        const int most = figures.isEmpty() ? rect.width() : rect.width() * 2 / 5;
+        const QString shown = option.fontMetrics.elidedText(mark, Qt::ElideMiddle, most);
+        drawAtRight(shown, option.fontMetrics.horizontalAdvance(shown));
     }
     painter->setPen(color);
     drawName(*painter, rect, option.font, name,

@@ -3,11 +3,24 @@
 
 #include "ui/foodsheet/FoodListModel.h"
 
+#include "platform/NumberText.h"
+
+namespace {
+
+// Three digits or so, which is what the figures are known to.
+QString amountText(float amount, const QString &unit)
+{
+    return NumberText::fixed(double(amount), amount >= 100 ? 0 : amount >= 10 ? 1 : 2) + u' ' + unit;
+}
+
+} // namespace
+
 FoodListModel::FoodListModel(const QStringList &names, QObject *parent)
     : QAbstractListModel(parent)
     , foodnames(names)
     , search(names)
     , hits(search.search({}))
+    , bynutrient(names)
 {
     search.prepare();
 }
@@ -17,6 +30,7 @@ void FoodListModel::setOwnFoods(const std::vector<LoggedFood> &foods, int listed
     own.clear();
     ownlisted.clear();
     lastquantities.clear();
+    eaten.reset();
     if (!foods.empty() && places.isEmpty()) {
         places.reserve(foodnames.size());
         for (int i = 0; i < foodnames.size(); ++i)
@@ -39,12 +53,59 @@ void FoodListModel::setQuery(const QString &query)
 {
     beginResetModel();
     const std::vector<int> &found = search.search(query);
+    const bool all = FoodSearch::isEmpty(query);
     hits.clear();
-    if (FoodSearch::isEmpty(query))
-        hits = ownlisted;
-    ownrows = int(hits.size());
-    hits.insert(hits.end(), found.begin(), found.end());
+    nutrientrows.clear();
+    if (ordered) {
+        fillByNutrient(all ? nullptr : &found);
+    } else {
+        if (all)
+            hits = ownlisted;
+        ownrows = int(hits.size());
+        hits.insert(hits.end(), found.begin(), found.end());
+    }
     endResetModel();
+}
+
+void FoodListModel::setOrder(const std::optional<Order> &by, const Allowances &rdas)
+{
+    ordered = by;
+    allowances = rdas;
+}
+
+void FoodListModel::fillByNutrient(const std::vector<int> *found)
+{
+    ownrows = 0;
+    unknown = 0;
+    if (!hasReadFoods())
+        return;
+    FoodsByNutrient::List list = found != nullptr
+        ? bynutrient.listOf(*found, ordered->nutrient, ordered->basis, eatenFoods())
+        : bynutrient.list(ordered->nutrient, ordered->basis, eatenFoods());
+    ownrows = int(list.eaten.size());
+    unknown = list.unknown;
+    nutrientrows = std::move(list.eaten);
+    nutrientrows.insert(nutrientrows.end(), list.catalogue.begin(), list.catalogue.end());
+    hits.reserve(nutrientrows.size());
+    for (const FoodsByNutrient::Row &row : nutrientrows)
+        hits.push_back(row.food);
+}
+
+// Once for all keys and nutrients, since it reads the file of each of one's own foods.
+const std::vector<FoodsByNutrient::Eaten> &FoodListModel::eatenFoods()
+{
+    if (eaten)
+        return *eaten;
+    eaten.emplace();
+    for (auto food = own.keyBegin(); food != own.keyEnd(); ++food) {
+        const std::optional<Quantity> last = lastQuantityOf(*food);
+        if (!last)
+            continue;
+        Composition composition;
+        static_cast<void>(composition.read(foodnames[*food]));
+        eaten->push_back({*food, {last->value(), last->unit, composition.grams(last->value(), last->unit)}});
+    }
+    return *eaten;
 }
 
 void FoodListModel::setMarkedFoods(const QStringList &foodsinlog, const QStringList &foodstobeadded)
@@ -62,15 +123,32 @@ QString FoodListModel::nameAt(int row) const
 
 std::optional<Quantity> FoodListModel::lastQuantity(int row) const
 {
-    const auto food = own.constFind(foodAt(row));
+    return lastQuantityOf(foodAt(row));
+}
+
+std::optional<Quantity> FoodListModel::lastQuantityOf(int index) const
+{
+    const auto food = own.constFind(index);
     if (food == own.constEnd())
         return std::nullopt;
-    const auto known = lastquantities.constFind(food.key());
+    const auto known = lastquantities.constFind(index);
     if (known != lastquantities.constEnd())
         return *known;
     Composition composition;
     static_cast<void>(composition.read(food->name)); // what cannot be read has grams alone
-    return *lastquantities.insert(food.key(), Quantity::logged(food->amount, food->unit, composition));
+    return *lastquantities.insert(index, Quantity::logged(food->amount, food->unit, composition));
+}
+
+std::optional<Quantity> FoodListModel::saidQuantity(int row) const
+{
+    if (!ordered)
+        return row < ownrows ? lastQuantity(row) : std::nullopt;
+    if (ordered->basis != FoodsByNutrient::Basis::Portion)
+        return std::nullopt; // each row is about 100 g, or about something that nobody weighs
+    const Portion &portion = nutrientrows[static_cast<std::size_t>(row)].portion;
+    Composition composition;
+    static_cast<void>(composition.read(nameAt(row)));
+    return Quantity::logged(portion.amount, portion.unit, composition);
 }
 
 QString FoodListModel::lastTime(int row) const
@@ -94,8 +172,15 @@ QVariant FoodListModel::data(const QModelIndex &index, int role) const
     case MatchedLettersRole:
         return QVariant::fromValue(search.matchedLetters(foodAt(index.row())));
     case MarkRole:
-    case Qt::AccessibleDescriptionRole:
         return markAt(index.row());
+    case FiguresRole:
+        return figuresAt(index.row());
+    case Qt::AccessibleDescriptionRole: {
+        QStringList said{markAt(index.row())};
+        said += figuresAt(index.row());
+        said.removeAll(QString());
+        return said.join(QStringLiteral(", "));
+    }
     default:
         return {};
     }
@@ -108,9 +193,33 @@ QString FoodListModel::markAt(int row) const
         return tr("in the log");
     if (tobeadded.contains(name))
         return tr("to be added");
+    return saidAt(row);
+}
+
+QString FoodListModel::saidAt(int row) const
+{
+    if (ordered) {
+        const std::optional<Quantity> said = saidQuantity(row);
+        if (!said)
+            return {};
+        const QString weight = gramsText(nutrientrows[static_cast<std::size_t>(row)].portion.grams);
+        return said->unitidx == 0 ? said->text() : said->text() + QStringLiteral(", ") + weight;
+    }
     // Below its own rows the list says of each food what it says to everybody, and adds it like that.
     if (row >= ownrows && ownrows > 0)
         return {};
     const std::optional<Quantity> last = lastQuantity(row);
     return last ? tr("%1, %2", "a day and a quantity").arg(lastTime(row), last->text()) : lastTime(row);
+}
+
+QStringList FoodListModel::figuresAt(int row) const
+{
+    if (!ordered)
+        return {};
+    const float amount = nutrientrows[static_cast<std::size_t>(row)].amount;
+    const float allowance = allowances[static_cast<std::size_t>(ordered->nutrient)];
+    const QString unit = NutrientCatalogue::units()[ordered->nutrient];
+    const QString share
+        = allowance > 0 ? NumberText::fixed(double(amount / allowance * 100), 0) + QStringLiteral(" %") : QString();
+    return {amountText(amount, unit), share};
 }

@@ -20,7 +20,7 @@ FoodListView::FoodListView(QWidget *parent)
 {
     label->setObjectName(QStringLiteral("headinglabel"));
     label->setTextFormat(Qt::PlainText);
-    label->setContentsMargins(gap, 0, gap, 0);
+    label->setIndent(gap);
     label->setAutoFillBackground(true);
     label->setBackgroundRole(QPalette::AlternateBase);
     label->setForegroundRole(QPalette::Text);
@@ -55,7 +55,7 @@ void FoodListView::setModel(QAbstractItemModel *model)
 void FoodListView::showHeading()
 {
     const QModelIndex top = indexAt({1, 1});
-    label->setText(top.isValid() && top.row() >= boundary ? secondheading : firstheading);
+    label->setText(top.isValid() && top.row() >= boundary && !secondheading.isEmpty() ? secondheading : firstheading);
 }
 
 void FoodListView::placeHeading()
@@ -90,6 +90,10 @@ void FoodListView::paintEvent(QPaintEvent *event)
     QFont small = font();
     small.setPointSizeF(small.pointSizeF() * 0.85);
     painter.setFont(small);
+    if (secondheading.isEmpty()) {
+        painter.fillRect(row.left(), row.top() - 1, row.width(), 2, palette().color(QPalette::Mid));
+        return;
+    }
     const QPalette &colors = palette();
     const QFontMetrics metrics(small);
     QRect tab(0, row.top(), metrics.horizontalAdvance(secondheading) + 2 * gap, metrics.height());

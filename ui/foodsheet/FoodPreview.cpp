@@ -90,7 +90,7 @@ void FoodPreview::unitChosen(int unit)
         }
     }
     quantity = Quantity{titles[unit], unit, {}};
-    choose(ui->amountfield->text());
+    choose();
 }
 
 void FoodPreview::setAmount(const QString &amount)
@@ -99,11 +99,11 @@ void FoodPreview::setAmount(const QString &amount)
     ui->amountfield->setText(amount);
 }
 
-void FoodPreview::choose(const QString &amount)
+void FoodPreview::choose()
 {
     if (!quantity)
         quantity = Quantity{composition.unitTitles().constFirst(), 0, {}};
-    quantity->amount = amount;
+    quantity->amount = ui->amountfield->number();
     ui->notelabel->hide(); // it was about what is no longer so
     showFigures();
     emit quantityChosen(*quantity);

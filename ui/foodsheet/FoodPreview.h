@@ -55,7 +55,7 @@ private:
     void listUnits();
     void unitChosen(int unit);
     void setAmount(const QString &amount); // as if nobody had typed it
-    void choose(const QString &amount);
+    void choose(); // what the field and the list say
     void showFigures();
 
     std::unique_ptr<Ui::FoodPreview> ui;
