@@ -67,6 +67,16 @@ long long magnitude(std::string_view number, std::size_t whole)
     return exponent + (position < point ? point - position : point + 1 - position);
 }
 
+template <typename Number>
+QByteArray shortest(Number value)
+{
+    if (std::isnan(value))
+        return QByteArrayLiteral("nan");
+    std::array<char, 512> text{}; // the smallest double has 324 digits after the period
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed).ptr;
+    return {text.data(), end - text.data()};
+}
+
 } // namespace
 
 float NumberText::floatValue(std::string_view text)
@@ -110,4 +120,14 @@ QString NumberText::fixed(double value, int decimals)
     const auto end
         = std::to_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed, decimals).ptr;
     return QString::fromLatin1(text.data(), end - text.data());
+}
+
+QByteArray NumberText::exact(float value)
+{
+    return shortest(value);
+}
+
+QByteArray NumberText::exact(double value)
+{
+    return shortest(value);
 }

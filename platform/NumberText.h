@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringView>
 
@@ -23,5 +24,10 @@ namespace NumberText {
 // What printf makes of "%.<decimals>f" in the C locale: ties in the binary value go to even, and what rounds to zero
 // from below keeps its minus. Infinities are "inf" and "-inf"; no number is "nan", never "-nan".
 [[nodiscard]] QString fixed(double value, int decimals);
+
+// The shortest decimal number that reads back as the very same one, for another program to read: with a period, without
+// an exponent. Infinities and no number are as above.
+[[nodiscard]] QByteArray exact(float value);
+[[nodiscard]] QByteArray exact(double value);
 
 } // namespace NumberText

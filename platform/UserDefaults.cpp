@@ -3,6 +3,7 @@
 
 #include "platform/UserDefaults.h"
 
+#include "platform/PendingFile.h"
 #include "platform/PropertyList.h"
 #include "platform/StoreFile.h"
 
@@ -47,14 +48,6 @@ bool isTrue(const QVariant &value)
         return false;
     }
 }
-
-// Files of runs that could not save, until a start can take them in.
-constexpr int mostPendingFiles = 9;
-
-// The keys of a value in one of them.
-const QString valuekey = QStringLiteral("value");
-const QString changedkey = QStringLiteral("changed");
-const QString formerkey = QStringLiteral("former");
 
 } // namespace
 
@@ -249,8 +242,7 @@ std::optional<SqliteStore::Change> UserDefaults::joinWith(const QString &key, co
 
 QString UserDefaults::pendingPath(int number) const
 {
-    const QString path = storepath + QStringLiteral(".pending");
-    return number == 1 ? path : path + u'-' + QString::number(number);
+    return PendingFile::pathOf(storepath, number);
 }
 
 bool UserDefaults::leavePending()
@@ -259,7 +251,7 @@ bool UserDefaults::leavePending()
         return true;
     // One that is there and is not this run's was left by an earlier run and could not be taken in.
     const bool isnew = pendingfile.isEmpty();
-    for (int number = 1; number <= mostPendingFiles && pendingfile.isEmpty(); ++number) {
+    for (int number = 1; number <= PendingFile::mostFiles && pendingfile.isEmpty(); ++number) {
         if (!QFile::exists(pendingPath(number)))
             pendingfile = pendingPath(number);
     }
@@ -267,13 +259,9 @@ bool UserDefaults::leavePending()
         return false;
     const auto record = [this](const QString &key, const std::optional<QByteArray> &) {
         const Waiting &mine = pending[key];
-        QVariantMap entry{{valuekey, mine.bytes}};
-        if (mine.changed.isValid())
-            entry.insert(changedkey, mine.changed);
         const Known form = known.value(key);
-        if (form.isread && form.isunderstood && !joined.contains(key))
-            entry.insert(formerkey, form.bytes.value_or(QByteArray()));
-        return SqliteStore::Change{PropertyList::write(entry).value(), {}};
+        const bool isformerknown = form.isread && form.isunderstood && !joined.contains(key);
+        return SqliteStore::Change{PendingFile::write({mine.bytes, mine.changed, isformerknown, form.bytes}), {}};
     };
     isleft = SqliteStore(pendingfile).write(pending.keys(), record);
     if (!isleft && isnew) {
@@ -286,7 +274,7 @@ bool UserDefaults::leavePending()
 void UserDefaults::takeInPending()
 {
     // One after the other, for a later one may hold other values of the same keys.
-    for (int number = 1; number <= mostPendingFiles && pending.isEmpty(); ++number) {
+    for (int number = 1; number <= PendingFile::mostFiles && pending.isEmpty(); ++number) {
         if (!QFile::exists(pendingPath(number)))
             continue;
         const bool iswhole = takeIn(pendingPath(number));
@@ -312,17 +300,13 @@ bool UserDefaults::takeIn(const QString &path)
         const SqliteStore::Value record = file.read(key);
         if (record.answer == SqliteStore::Answer::Unavailable)
             return false;
-        const QVariantMap entry = PropertyList::read(record.bytes).value_or(QVariant()).toMap();
-        const QByteArray bytes = entry.value(valuekey).toByteArray();
-        if (!PropertyList::read(bytes)) {
+        const std::optional<PendingFile::Record> left = PendingFile::read(record.bytes);
+        if (!left) {
             iswhole = false;
             continue;
         }
-        values.insert(key, {bytes, entry.value(changedkey)});
-        const QVariant former = entry.value(formerkey);
-        const QByteArray formerbytes = former.toByteArray();
-        forms.insert(key,
-            {former.isValid(), true, formerbytes.isEmpty() ? std::nullopt : std::optional<QByteArray>(formerbytes)});
+        values.insert(key, {left->value, left->changed});
+        forms.insert(key, {left->isformerknown, true, left->former});
     }
     pending = values;
     known.insert(forms);

@@ -5,27 +5,16 @@
 #include "history/Figures.h"
 #include "history/Sources.h"
 #include "history/Year.h"
-#include "platform/KeyedArchiver.h"
-#include "tests/support/Chance.h"
-#include "tests/support/StoredHistory.h"
+#include "tests/support/RandomHistory.h"
 
 #include <QtTest>
 
 #include <algorithm>
-#include <array>
-#include <bit>
 #include <cmath>
 #include <limits>
 #include <map>
 
 namespace {
-
-constexpr std::size_t nutrients = 61;
-
-bool sameBits(float left, float right)
-{
-    return (std::isnan(left) && std::isnan(right)) || std::bit_cast<quint32>(left) == std::bit_cast<quint32>(right);
-}
 
 // What was added in another order may differ in the last digits.
 bool same(double left, double right)
@@ -38,79 +27,6 @@ bool same(std::optional<double> left, std::optional<double> right)
     return left && right ? same(*left, *right) : left.has_value() == right.has_value();
 }
 
-// What was stored, remembered as it was stored and never read from there, and its figures computed day by day in the
-// plainest way, with food files read by other code than the program's.
-class NaiveHistory final {
-public:
-    struct Entry {
-        Naive::Text name;
-        std::array<float, nutrients> amounts{};
-        std::array<bool, nutrients> known{};
-    };
-    std::map<QDate, std::vector<Entry>> log; // no date without an entry
-    std::map<QDate, std::array<float, nutrients>> sums;
-    std::string folder;
-
-    // As opening the day takes them in: a name that is there already is left out.
-    void add(QDate date, const Naive::Record &record)
-    {
-        for (const Entry &entry : log[date]) {
-            if (record.name && entry.name == record.name)
-                return;
-        }
-        const Naive::FoodPointer food = Naive::foodOf(record);
-        Naive::load(*food, folder, 1);
-        Entry entry{record.name};
-        for (std::size_t i = 0; i < nutrients; ++i) {
-            const std::string nutrient = NutrientCatalogue::names()[int(i)].toStdString();
-            entry.amounts[i] = Naive::amountOf(*food, nutrient);
-            entry.known[i] = food->texts.count(nutrient) != 0;
-            sums[date][i] = sums[date][i] + entry.amounts[i];
-        }
-        log[date].push_back(entry);
-    }
-
-    [[nodiscard]] bool isLogged(QDate date) const { return log.count(date) != 0; }
-    [[nodiscard]] float sum(QDate date, std::size_t nutrient) const { return sums.at(date)[nutrient]; }
-    [[nodiscard]] std::vector<QDate> loggedDays(QDate first, QDate last) const
-    {
-        std::vector<QDate> days;
-        for (QDate date = first; date <= last; date = date.addDays(1)) {
-            if (isLogged(date))
-                days.push_back(date);
-        }
-        return days;
-    }
-    // Not a number without days.
-    [[nodiscard]] double mean(QDate first, QDate last, std::size_t nutrient) const
-    {
-        double sumofdays = 0.0;
-        const std::vector<QDate> days = loggedDays(first, last);
-        for (const QDate date : days)
-            sumofdays += double(sum(date, nutrient));
-        return sumofdays / double(days.size());
-    }
-    [[nodiscard]] double knownShare(const std::vector<QDate> &days, std::size_t nutrient) const
-    {
-        const auto shareBy = [&](const auto &weight) {
-            double known = 0.0;
-            double all = 0.0;
-            for (const QDate date : days) {
-                for (const Entry &entry : log.at(date)) {
-                    all += weight(entry);
-                    known += entry.known[nutrient] ? weight(entry) : 0.0;
-                }
-            }
-            return known / all;
-        };
-        const double share = shareBy([](const Entry &entry) {
-            const float energy = entry.amounts[0];
-            return energy > 0.0F && energy <= std::numeric_limits<float>::max() ? double(energy) : 0.0;
-        });
-        return std::isnan(share) ? shareBy([](const Entry &) { return 1.0; }) : share;
-    }
-};
-
 } // namespace
 
 // A random log of 400 days with everything in it that a store may hold, against a computation of the test's own.
@@ -118,94 +34,23 @@ class HistoryFiguresTest final : public QObject {
     Q_OBJECT
 
 private:
-    static constexpr int dayCount = 400;
-    const QDate begin{2023, 11, 10}; // over two year ends and a leap day
-    std::unique_ptr<StoredHistory> history;
-    NaiveHistory naive;
-    Chance chance;
+    static constexpr int dayCount = RandomHistory::dayCount;
+    const QDate begin{2023, 11, 10};
+    std::unique_ptr<RandomHistory> random;
     History::Allowances allowances{};
     std::optional<History::ShownDay> shown;
-
-    // On some days amounts are infinite or no number at all.
-    Naive::Record someRecord(bool iswild)
-    {
-        Naive::Record record = chance.record();
-        if (!iswild)
-            record.amount = float(chance.draw(4000)) / 7.0F;
-        else if (chance.percent(10))
-            record.amount
-                = chance.percent(50) ? std::numeric_limits<float>::quiet_NaN() : std::numeric_limits<float>::infinity();
-        return record;
-    }
-
-    static QByteArray encoded(const Naive::Record &record, const char *classname = "Food")
-    {
-        const auto text = [](const Naive::Text &part) {
-            return part ? std::optional<QString>(QString::fromStdString(*part)) : std::nullopt;
-        };
-        KeyedArchiver archiver(QString::fromLatin1(classname));
-        archiver.encodeString(text(record.name), QLatin1String("name"));
-        archiver.encodeFloat(record.amount, QLatin1String("amount"));
-        archiver.encodeString(text(record.unit), QLatin1String("unit"));
-        archiver.encodeInt(record.unitindex, QLatin1String("unitidx"));
-        return archiver.archivedData();
-    }
-
-    // The items of a day; those that are entries go to the naive log too.
-    QVariantList someDay(QDate date, bool iswild)
-    {
-        QVariantList items;
-        for (int count = chance.percent(10) ? 0 : chance.draw(15); count > 0; --count) {
-            const Naive::Record record = someRecord(iswild);
-            switch (chance.draw(25)) {
-            case 0:
-                items.append(QByteArray("no record"));
-                break;
-            case 1:
-                items.append(encoded(record).chopped(20));
-                break;
-            case 2:
-                items.append(encoded(record, "Meal"));
-                break;
-            case 3:
-                items.append(qint64(7));
-                break;
-            default:
-                items.append(encoded(record));
-                naive.add(date, record);
-            }
-        }
-        return items;
-    }
-
-    void storeDays()
-    {
-        UserDefaults::Transaction save(history->prefs);
-        for (int i = 0; i < dayCount; ++i) {
-            const QDate date = begin.addDays(i);
-            if (chance.percent(20))
-                continue;
-            if (chance.percent(3))
-                history->prefs.setObject(QStringLiteral("no list"), LocalDay::key(date));
-            else
-                history->store(date, someDay(date, i > 100 && i < 130));
-        }
-        history->prefs.setObject(
-            QVariantList{encoded({"F01", 9.0F, "g", 0})}, LocalDay::key(begin.addDays(10)) + QStringLiteral(".unread"));
-        QVERIFY(save.commit());
-    }
 
     void comparePeriod(const History::Days &days)
     {
         const History::Period period = days.period;
-        const std::vector<QDate> logged = naive.loggedDays(period.first, period.last);
+        const std::vector<QDate> logged = random->naive.loggedDays(period.first, period.last);
         QCOMPARE(days.ofPeriod().size(), logged.size());
         for (std::size_t i = 0; i < logged.size(); ++i) {
             const History::Day &day = days.ofPeriod()[i];
             QCOMPARE(day.date, logged[i]);
-            QCOMPARE(std::size_t(day.entrycount), naive.log[day.date].size());
+            QCOMPARE(std::size_t(day.entrycount), random->naive.log[day.date].size());
             for (std::size_t nutrient = 0; nutrient < nutrients; ++nutrient)
-                QVERIFY(sameBits(day.sums[nutrient], naive.sum(day.date, nutrient)));
+                QVERIFY(sameBits(day.sums[nutrient], random->naive.sum(day.date, nutrient)));
         }
         const std::optional<History::Table> table = History::figures(days, allowances);
         QCOMPARE(table.has_value(), !logged.empty());
@@ -220,25 +65,25 @@ private:
 
     void compareFigures(const History::NutrientFigures &figures, const std::vector<QDate> &logged, std::size_t nutrient)
     {
-        const double mean = naive.mean(logged.front(), logged.back(), nutrient);
+        const double mean = random->naive.mean(logged.front(), logged.back(), nutrient);
         QVERIFY(same(figures.mean, mean));
         QVERIFY(same(figures.ratio,
             allowances[nutrient] > 0.0F ? std::optional(mean / double(allowances[nutrient])) : std::nullopt));
-        QVERIFY(same(figures.knownshare, naive.knownShare(logged, nutrient)));
+        QVERIFY(same(figures.knownshare, random->naive.knownShare(logged, nutrient)));
         QCOMPARE(figures.isLowerBound(), figures.knownshare < 0.9);
         QDate lowest;
         QDate highest;
         for (const QDate date : logged) {
-            const float sum = naive.sum(date, nutrient);
-            if (!std::isnan(sum) && (!lowest.isValid() || sum < naive.sum(lowest, nutrient)))
+            const float sum = random->naive.sum(date, nutrient);
+            if (!std::isnan(sum) && (!lowest.isValid() || sum < random->naive.sum(lowest, nutrient)))
                 lowest = date;
-            if (!std::isnan(sum) && (!highest.isValid() || sum > naive.sum(highest, nutrient)))
+            if (!std::isnan(sum) && (!highest.isValid() || sum > random->naive.sum(highest, nutrient)))
                 highest = date;
         }
         QCOMPARE(figures.lowestday, lowest.isValid() ? lowest : logged.front());
         QCOMPARE(figures.highestday, highest.isValid() ? highest : logged.front());
-        QVERIFY(sameBits(figures.lowest, naive.sum(figures.lowestday, nutrient)));
-        QVERIFY(sameBits(figures.highest, naive.sum(figures.highestday, nutrient)));
+        QVERIFY(sameBits(figures.lowest, random->naive.sum(figures.lowestday, nutrient)));
+        QVERIFY(sameBits(figures.highest, random->naive.sum(figures.highestday, nutrient)));
     }
 
     void compareCourse(const History::Course &course, const History::Period &period, std::size_t nutrient)
@@ -252,18 +97,18 @@ private:
                     last = last.addDays(1);
             }
             QCOMPARE(bar.days.last, last);
-            QCOMPARE(bar.loggeddays, int(naive.loggedDays(next, last).size()));
-            QVERIFY(bar.loggeddays == 0 || same(bar.mean, naive.mean(next, last, nutrient)));
+            QCOMPARE(bar.loggeddays, int(random->naive.loggedDays(next, last).size()));
+            QVERIFY(bar.loggeddays == 0 || same(bar.mean, random->naive.mean(next, last, nutrient)));
             next = last.addDays(1);
         }
         QCOMPARE(next, period.last.addDays(1));
         std::size_t point = 0;
         for (QDate date = period.first; date <= period.last; date = date.addDays(1)) {
-            if (naive.loggedDays(date.addDays(-6), date).size() < 4)
+            if (random->naive.loggedDays(date.addDays(-6), date).size() < 4)
                 continue;
             QVERIFY(point < course.running.size());
             QCOMPARE(course.running[point].day, date);
-            QVERIFY(same(course.running[point].mean, naive.mean(date.addDays(-6), date, nutrient)));
+            QVERIFY(same(course.running[point].mean, random->naive.mean(date.addDays(-6), date, nutrient)));
             ++point;
         }
         QCOMPARE(point, course.running.size());
@@ -280,7 +125,7 @@ private:
     {
         std::map<Naive::Text, NaiveSource> foods;
         for (const QDate date : logged) {
-            for (const NaiveHistory::Entry &entry : naive.log.at(date)) {
+            for (const NaiveHistory::Entry &entry : random->naive.log.at(date)) {
                 NaiveSource &source = foods[entry.name];
                 source.amount += double(entry.amounts[nutrient]);
                 source.energy += double(entry.amounts[0]);
@@ -334,14 +179,14 @@ private:
 
     void compareYear(const History::Year &year, int number, std::size_t nutrient)
     {
-        const std::vector<QDate> logged = naive.loggedDays({number, 1, 1}, {number, 12, 31});
+        const std::vector<QDate> logged = random->naive.loggedDays({number, 1, 1}, {number, 12, 31});
         QCOMPARE(year.year, number);
         QCOMPARE(int(year.cells.size()), QDate(number, 1, 1).daysInYear());
         QDate date(number, 1, 1);
         for (const History::Cell &cell : year.cells) {
             QCOMPARE(cell.date, date);
             QCOMPARE(cell.weekday, date.dayOfWeek() - 1);
-            QCOMPARE(cell.step.has_value(), naive.isLogged(date));
+            QCOMPARE(cell.step.has_value(), random->naive.isLogged(date));
             if (cell.step)
                 QCOMPARE(*cell.step, naiveStep(date, logged, nutrient));
             date = date.addDays(1);
@@ -350,7 +195,7 @@ private:
 
     int naiveStep(QDate date, const std::vector<QDate> &logged, std::size_t nutrient) const
     {
-        const float sum = naive.sum(date, nutrient);
+        const float sum = random->naive.sum(date, nutrient);
         if (std::isnan(sum))
             return 0;
         int step = 0;
@@ -359,8 +204,8 @@ private:
                 step += double(sum) / double(allowances[nutrient]) >= least ? 1 : 0;
             return step;
         }
-        const auto isLess = [&](QDate other) { return naive.sum(other, nutrient) < sum; };
-        const auto isNumber = [&](QDate other) { return !std::isnan(naive.sum(other, nutrient)); };
+        const auto isLess = [&](QDate other) { return random->naive.sum(other, nutrient) < sum; };
+        const auto isNumber = [&](QDate other) { return !std::isnan(random->naive.sum(other, nutrient)); };
         return int(5 * std::count_if(logged.begin(), logged.end(), isLess)
             / std::count_if(logged.begin(), logged.end(), isNumber));
     }
@@ -368,21 +213,16 @@ private:
 private slots:
     void initTestCase()
     {
-        chance.seed(20261121);
-        history = std::make_unique<StoredHistory>();
-        naive.folder = QFileInfo(history->files.pathOf(QStringLiteral("F00"))).path().toStdString();
-        for (int i = 0; i < Chance::foods; ++i)
-            chance.writeFile(history->files, i);
+        random = std::make_unique<RandomHistory>(20261121);
         for (std::size_t i = 0; i < nutrients; ++i)
             allowances[i] = i % 3 == 0 ? 0.0F : 50.0F * float(i % 7);
-        storeDays();
         const QDate today = begin.addDays(390);
-        naive.log.erase(today);
-        naive.sums.erase(today);
+        random->naive.log.erase(today);
+        random->naive.sums.erase(today);
         shown = History::ShownDay{today, {}};
-        for (const QVariant &item : someDay(today, false))
+        for (const QVariant &item : random->someDay(today, false))
             shown->records.append(item.toByteArray());
-        QVERIFY(naive.log.size() > 200 && naive.log.size() < 330);
+        QVERIFY(random->naive.log.size() > 200 && random->naive.log.size() < 330);
     }
 
     void everyFigureOfARandomHistoryIsThatOfAnIndependentComputation_data()
@@ -406,17 +246,17 @@ private slots:
     {
         QFETCH(int, from);
         QFETCH(int, length);
-        comparePeriod(history->reader.read({begin.addDays(from), begin.addDays(from + length - 1)}, shown));
+        comparePeriod(random->history.reader.read({begin.addDays(from), begin.addDays(from + length - 1)}, shown));
     }
 
     void aDaysKnownSharesAreThoseOfItsOwnEntries()
     {
-        const History::Days days = history->reader.readOnly({begin, begin.addDays(dayCount - 1)}, shown);
-        QCOMPARE(std::size_t(days.all.size()), naive.log.size());
+        const History::Days days = random->history.reader.readOnly({begin, begin.addDays(dayCount - 1)}, shown);
+        QCOMPARE(std::size_t(days.all.size()), random->naive.log.size());
         for (std::size_t i = 0; i < std::size_t(days.all.size()); ++i) {
             const History::KnownShares shares = History::knownShares(days, days.ofPeriod().subspan(i, 1));
             for (std::size_t nutrient = 0; nutrient < nutrients; ++nutrient) {
-                QVERIFY(same(shares[nutrient], naive.knownShare({days.ofPeriod()[i].date}, nutrient)));
+                QVERIFY(same(shares[nutrient], random->naive.knownShare({days.ofPeriod()[i].date}, nutrient)));
             }
         }
     }

@@ -143,14 +143,33 @@ private slots:
         QCOMPARE(NumberText::fixed(-std::numeric_limits<double>::max(), 2).size(), 1 + 309 + 3);
     }
 
+    void exactNumbersAreTheShortestThatReadBackAsTheSame()
+    {
+        using Limits = std::numeric_limits<float>;
+        QCOMPARE(NumberText::exact(0.1F), "0.1");
+        QCOMPARE(NumberText::exact(0.1), "0.1");
+        QCOMPARE(NumberText::exact(double(0.1F)), "0.10000000149011612");
+        QCOMPARE(NumberText::exact(-0.0F), "-0");
+        QCOMPARE(NumberText::exact(300000.0F), "300000");
+        QCOMPARE(NumberText::exact(1e-7F), "0.0000001");
+        QCOMPARE(NumberText::exact(Limits::infinity()), "inf");
+        QCOMPARE(NumberText::exact(-Limits::infinity()), "-inf");
+        QCOMPARE(NumberText::exact(-Limits::quiet_NaN()), "nan");
+        for (const float value : {Limits::max(), Limits::min(), Limits::denorm_min(), 16777217.0F, 1.0F / 3.0F})
+            QCOMPARE(NumberText::floatValue(NumberText::exact(value).toStdString()), value);
+        QCOMPARE(NumberText::exact(-std::numeric_limits<double>::denorm_min()).size(), 3 + 324);
+    }
+
     void aCommaLocaleChangesNothing()
     {
         QVERIFY(std::setlocale(LC_ALL, "de_DE.UTF-8")); // made for the tests
         QCOMPARE(std::localeconv()->decimal_point, ",");
         const QString text = NumberText::fixed(12.5, 2);
+        const QByteArray exact = NumberText::exact(12.5F);
         const float value = NumberText::floatValue("12.5");
         std::setlocale(LC_ALL, "C");
         QCOMPARE(text, QStringLiteral("12.50"));
+        QCOMPARE(exact, "12.5");
         QCOMPARE(value, 12.5F);
     }
 };
