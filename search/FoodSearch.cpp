@@ -117,12 +117,14 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
 
 // What is meant where all the words together find nothing, nothing but baby food, or few foods: of "scone with jam" the
 // scone, else the names that match the most of the words. Few foods are only followed by those, up to a first glance's
-// worth.
+// worth, unless one of them is called what was typed.
 void FoodSearch::complete(Answer &whole, const QString &query) const
 {
     constexpr std::size_t glance = 5;
     const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
-    if (!unmeant && whole.ranks.size() >= glance)
+    const bool sure = !whole.ranks.empty() && whole.ranks.front().tier == FoodRank::Tier::WholeHead
+        && whole.ranks.front().prefixes == 0;
+    if (!unmeant && (sure || whole.ranks.size() >= glance))
         return;
     Answer more = answerToMain(query);
     if (more.ranks.empty() || (!unmeant && whole.ranks.front().tier <= more.ranks.front().tier))

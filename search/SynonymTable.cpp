@@ -750,6 +750,7 @@ constexpr Row table[] = {
     {"tomato cucumber salad|cucumber salad|tomato salad|lettuce salad", "salad vegetable tossed"},
     {"turkey cheese sandwich", "turkey breast sliced|luncheon"},
     {"steak potato", "beef steak"},
+    {"pancake maple syrup|pancake syrup butter|waffle maple syrup", "pancakes|waffles plain"},
     {"skim milk powder|skimmed milk powder|powdered skim milk|nonfat dry milk|milk powder nonfat|nonfat milk "
      "powder|fat free milk powder",
         "milk dry nonfat"},
