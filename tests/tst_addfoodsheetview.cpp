@@ -167,8 +167,9 @@ private slots:
         QCOMPARE(field()->accessibleDescription(), QStringLiteral("7801 foods"));
         type("apricots raw");
         QCOMPARE(field()->accessibleDescription(),
-            QStringLiteral("1 food. Apricots, raw, Energy 48 kcal, Carbs 11.1 g, Protein 1.4 g, Fat 0.4 g, Fiber 2.0 g "
-                           "in 100 g"));
+            text("hitslabel")
+                + QStringLiteral(". Apricots, raw, Energy 48 kcal, Carbs 11.1 g, Protein 1.4 g, Fat 0.4 g, Fiber 2.0 g "
+                                 "in 100 g"));
     }
 
     void everyControlHasANameThatCanBeSaid()

@@ -350,7 +350,7 @@ private slots:
     void lookingInTheCalendarOpensNoDay()
     {
         DatePicker *picker = run->controller.datepicker;
-        picker->setFocus();
+        picker->setFocus(); // in the log the key opens the menu of units
         QTest::keyClick(picker, Qt::Key_Down, Qt::AltModifier);
         auto *days = picker->calendarWidget()->findChild<QTableView *>();
         for (int press = 0; press < 3; ++press)

@@ -119,7 +119,8 @@ void FoodDelegate::paint(QPainter *painter, const QStyleOptionViewItem &given, c
     painter->setPen(color);
     const QStringList figures = index.data(FoodListModel::FiguresRole).toStringList();
     if (!figures.isEmpty()) { // in columns, so that they are compared at a glance
-        drawAtRight(figures[1], option.fontMetrics.horizontalAdvance(QStringLiteral("0000 %")));
+        if (!figures[1].isEmpty()) // either all rows have an allowance or none
+            drawAtRight(figures[1], option.fontMetrics.horizontalAdvance(QStringLiteral("0000 %")));
         drawAtRight(figures[0], option.fontMetrics.horizontalAdvance(QStringLiteral("0000 mcg")));
     }
     if (!mark.isEmpty()) {
