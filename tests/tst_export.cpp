@@ -327,6 +327,24 @@ private slots:
         QVERIFY(waited.out.contains("2015-05-11,A,1,g,1,"));
     }
 
+    void aStoreThatIsSavedWhileItIsReadIsReadAgain()
+    {
+        StoreHome place;
+        const QString next = place.path + QStringLiteral(".next");
+        UserDefaults(place.path).setObject(QVariantList{StoredHistory::record("A", 1)}, day);
+        UserDefaults(next).setObject(QVariantList{StoredHistory::record("B", 2)}, day);
+        QProcess process;
+        prepare(process, program, {QStringLiteral("--store"), place.path});
+        QProcessEnvironment environment = process.processEnvironment();
+        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(CHANGING_STORE));
+        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
+        process.setProcessEnvironment(environment);
+        process.start();
+        const Ended printed = finish(process);
+        QVERIFY(!QFile::exists(next));
+        QVERIFY(printed.out.contains("\r\n2015-05-11,B,2,"));
+    }
+
     void quotesAndLineBreaksAndControlCharactersAreThoseOfRfc4180()
     {
         StoreHome place;
