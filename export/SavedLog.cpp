@@ -50,8 +50,7 @@ QString SavedLog::read(const QString &storepath)
             return faultOf(result, path);
         haspending = true;
         file.scan(firstkey, lastkey, [&](const QString &key, const QByteArray &bytes) {
-            if (std::optional<PendingFile::Record> record = PendingFile::read(bytes);
-                record && LocalDay::dateOfKey(key))
+            if (std::optional<PendingFile::Record> record = PendingFile::read(bytes))
                 records.emplace_back(key, *std::move(record));
         });
     }

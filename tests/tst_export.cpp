@@ -4,6 +4,7 @@
 #include "history/Figures.h"
 #include "model/StoredDay.h"
 #include "platform/NumberText.h"
+#include "platform/PropertyList.h"
 #include "support/LockedStore.h"
 #include "support/RandomHistory.h"
 #include "support/StoreHome.h"
@@ -243,17 +244,26 @@ private slots:
 
     void whatCouldNotBeSavedCountsAsTheNextStartTakesItIn_data()
     {
-        QTest::addColumn<QString>("stored");
+        QTest::addColumn<bool>("isstored");
         QTest::addColumn<bool>("isread");
-        QTest::newRow("in the place of what its run had read") << QStringLiteral("2015-05-11 A 1, ") << true;
-        QTest::newRow("after what its run could not read") << QStringLiteral("2015-05-11 A 1, ") << false;
-        QTest::newRow("beside a store that was never made") << QString() << false;
+        QTest::addColumn<bool>("ischanged");
+        QTest::addColumn<QString>("wanted");
+        QTest::newRow("in the place of what its run had read")
+            << true << true << false << QStringLiteral("2015-05-10 C 3, 2015-05-11 B 2, 2015-05-12 D 4");
+        QTest::newRow("after what its run could not read")
+            << true << false << false
+            << QStringLiteral("2015-05-10 C 3, 2015-05-11 A 1, 2015-05-11 B 2, 2015-05-12 D 4");
+        QTest::newRow("after what was stored since")
+            << true << true << true << QStringLiteral("2015-05-10 C 3, 2015-05-11 E 5, 2015-05-11 B 2, 2015-05-12 D 4");
+        QTest::newRow("beside a store that was never made")
+            << false << false << false << QStringLiteral("2015-05-10 C 3, 2015-05-11 B 2");
     }
 
     void whatCouldNotBeSavedCountsAsTheNextStartTakesItIn()
     {
-        QFETCH(QString, stored);
+        QFETCH(bool, isstored);
         QFETCH(bool, isread);
+        QFETCH(bool, ischanged);
         StoreHome place;
         const QString pending = place.path + QStringLiteral(".pending");
         const auto list
@@ -261,14 +271,17 @@ private slots:
         const auto join = [](const QString &, const QVariant &former, const QVariant &mine, const QVariant &) {
             return std::optional(StoredDay::joined(former.toList(), mine.toList()));
         };
-        if (stored.isEmpty())
+        if (isstored) {
+            UserDefaults defaults(place.path);
+            defaults.setObject(list("A", 1), day);
+            defaults.setObject(list("D", 4), QStringLiteral("2015_05_12"));
+        } else {
             QVERIFY(QDir().mkdir(place.path)); // where no store can be made
-        else
-            UserDefaults(place.path).setObject(list("A", 1), day);
+        }
         {
             std::optional<LockedStore> locked;
             UserDefaults defaults(place.path);
-            if (!stored.isEmpty() && !isread)
+            if (isstored && !isread)
                 locked.emplace(place.path, LockedStore::Exclusive);
             static_cast<void>(defaults.objectForKey(day));
             if (isread)
@@ -277,13 +290,14 @@ private slots:
             defaults.setObject(list("C", 3), QStringLiteral("2015_05_10"));
             QVERIFY(defaults.leavePending());
         }
-        if (stored.isEmpty())
+        if (ischanged)
+            QVERIFY(StoreView(place.path).put(day, PropertyList::write(list("E", 5)).value()));
+        if (!isstored)
             QVERIFY(QDir().rmdir(place.path));
         const QByteArray before = contentOf(pending);
         const QString entries = entriesOf(place.path);
         QCOMPARE(contentOf(pending), before);
-        QCOMPARE(entries,
-            QStringLiteral("2015-05-10 C 3, ") + (isread ? QString() : stored) + QStringLiteral("2015-05-11 B 2"));
+        QTEST(entries, "wanted");
         {
             UserDefaults next(place.path);
             next.setJoin(join);
@@ -311,6 +325,24 @@ private slots:
         const Ended waited = finish(process);
         QCOMPARE(waited.status, 0);
         QVERIFY(waited.out.contains("2015-05-11,A,1,g,1,"));
+    }
+
+    void aStoreThatIsSavedWhileItIsReadIsReadAgain()
+    {
+        StoreHome place;
+        const QString next = place.path + QStringLiteral(".next");
+        UserDefaults(place.path).setObject(QVariantList{StoredHistory::record("A", 1)}, day);
+        UserDefaults(next).setObject(QVariantList{StoredHistory::record("B", 2)}, day);
+        QProcess process;
+        prepare(process, program, {QStringLiteral("--store"), place.path});
+        QProcessEnvironment environment = process.processEnvironment();
+        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(CHANGING_STORE));
+        environment.insert(QStringLiteral("ASAN_OPTIONS"), QStringLiteral("verify_asan_link_order=0"));
+        process.setProcessEnvironment(environment);
+        process.start();
+        const Ended printed = finish(process);
+        QVERIFY(!QFile::exists(next));
+        QVERIFY(printed.out.contains("\r\n2015-05-11,B,2,"));
     }
 
     void quotesAndLineBreaksAndControlCharactersAreThoseOfRfc4180()
@@ -359,7 +391,8 @@ private slots:
                                      << QString::fromUtf8(sentence);
         };
         row("--from 2026-2-1", 2, "--from cannot be \"2026-2-1\"");
-        row("--from 2026_02_01", 2, "--from cannot be \"2026_02_01\"");
+        row("--from 2026_02-01", 2, "--from cannot be \"2026_02-01\"");
+        row("--to 2026-02_01", 2, "--to cannot be \"2026-02_01\"");
         row("--to=2026-02-29", 2, "--to cannot be \"2026-02-29\"");
         row("--per week", 2, "--per cannot be \"week\"");
         row("--format xml", 2, "--format cannot be \"xml\"");
@@ -402,8 +435,9 @@ private slots:
         QTest::newRow("a newer version") << QByteArray("PRAGMA user_version=2") << 1 << QByteArray();
         QTest::newRow("values that are no property list")
             << QByteArray("UPDATE defaults SET value = 'bplist00'") << 0 << QByteArray();
-        QTest::newRow("damage") << QByteArray("PRAGMA writable_schema=ON; UPDATE sqlite_master SET rootpage = 99") << 1
-                                << QByteArray();
+        QTest::newRow("damage") << QByteArray(
+            "PRAGMA writable_schema=ON; INSERT INTO sqlite_master VALUES('table', 'x', 'x', 2, 'CREATE TABLE x(y)')")
+                                << 1 << QByteArray();
     }
 
     void storesThatTheProgramOpensAreReadAndOthersAreNot()

@@ -31,8 +31,9 @@ dpkg-deb --ctrl-tarfile "$package" | tar -x -O ./md5sums | grep ' usr/share/prov
 cmp "$build/package/packaged" "$build/package/wanted" || fail 'the food files are not those of the source tree'
 (($(wc -l < "$build/package/packaged") > 7000)) || fail 'there are no food files'
 
-for file in usr/bin/provender usr/share/applications/org.provender.Provender.desktop \
+for file in usr/bin/provender usr/bin/provender-export usr/share/applications/org.provender.Provender.desktop \
     usr/share/metainfo/org.provender.Provender.metainfo.xml usr/share/man/man1/provender.1.gz \
+    usr/share/man/man1/provender-export.1.gz \
     usr/share/doc/provender/copyright usr/share/doc/provender/changelog.gz \
     usr/share/icons/hicolor/scalable/apps/org.provender.Provender.svg; do
     [[ -f $root/$file ]] || fail "$file is not in the package"
@@ -50,8 +51,15 @@ version=$(dpkg-deb -f "$package" Version)
     fail "the change log does not begin with version $version"
 grep -q "<release version=\"$version\"" "$root/usr/share/metainfo/org.provender.Provender.metainfo.xml" ||
     fail "the release notes lack version $version"
-[[ $(zcat "$root/usr/share/man/man1/provender.1.gz") == *"\"Provender $version\""* ]] ||
-    fail "the manual page is not of version $version"
+for page in provender provender-export; do
+    [[ $(zcat "$root/usr/share/man/man1/$page.1.gz") == *"\"Provender $version\""* ]] ||
+        fail "the manual page of $page is not of version $version"
+done
+
+# The second program needs no widgets, and finds the food files from where it is.
+linked=$(objdump -p "$root/usr/bin/provender-export" | grep NEEDED)
+[[ $linked == *Qt6Core* && $linked != *Gui* && $linked != *Widgets* ]] ||
+    fail "provender-export is linked with: $linked"
 
 # What the program is linked with; nothing that only building needs.
 depends=$(dpkg-deb -f "$package" Depends)

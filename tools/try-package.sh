@@ -3,7 +3,7 @@
 # SPDX-License-Identifier: MIT
 #
 # try-package.sh <package.deb>: what a person does with the package, in a bare Debian 12 root: installs it, starts the
-# program as a user, adds a food, quits, removes the package. Wants root, the network, tools/set-up.sh
+# program as a user, adds a food, quits, exports the log, removes the package. Wants root, the network, tools/set-up.sh
 # build try and the release build; pictures and the root stay under build/try-package. The display and the keys are
 # those of this machine.
 # shellcheck disable=SC2016 # what stands in single quotes is expanded by somebody else
@@ -110,6 +110,9 @@ soon ended || fail 'the program did not end'
 program=
 grep -a -q 'Apricots, raw' "$root$store" || fail 'the food is not in the store'
 before=$(sha256sum < "$root$store")
+in_root setpriv --reuid=eater --regid=eater --init-groups env HOME=/home/eater \
+    provender-export > "$place/export.csv" || fail 'the log could not be exported'
+grep -q '"Apricots, raw",100,g,100,48,' "$place/export.csv" || fail "the food is not in $place/export.csv"
 
 "${apt[@]}" purge provender >> "$place/apt.log" 2>&1
 [[ ! -e $root/usr/bin/provender && ! -e $root/usr/share/provender ]] || fail 'the package left something behind'
