@@ -21,7 +21,6 @@ void AppDelegate::setDate(const QDateTime &date)
     datepicker->setDateValue(date);
     foods.clear();
     curdatefoods.clear();
-    unreadfoods.clear();
     clearSums();
     loadDay(LocalDay::key(date));
     logtable->reloadData();

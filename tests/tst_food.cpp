@@ -64,6 +64,10 @@ private slots:
         Food byAmount(name);
         QCOMPARE(byAmount.getAmountOfNutrient(energy), 7.3F / 100.0F * 100.0F);
         QVERIFY(byAmount.gramsOfUnit(cup));
+        Food byIndex(name);
+        QCOMPARE(byIndex.getAmountOfNutrient(0), 7.3F / 100.0F * 100.0F);
+        Food byKnowledge(name);
+        QVERIFY(byKnowledge.knowsNutrient(0));
     }
 
     void settersOnlyStore()
