@@ -349,7 +349,7 @@ def check_row_menus(program):
     press("Escape")
     expect("the focus after the menu of units", "Foods of the day", lambda: focused(program, MAIN))
     go_to(program, MAIN, "Nutrients")
-    expect("the menu of a nutrient", ["Set Allowance…"], lambda: items_of_menu("Menu"))
+    expect("the menu of a nutrient", ["Foods by Nutrient…", "Set Allowance…"], lambda: items_of_menu("Menu"))
 
 
 def check_sentences(nutrients):

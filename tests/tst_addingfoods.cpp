@@ -65,6 +65,18 @@ private slots:
         QCOMPARE(run->entries(), QStringList{QStringLiteral("Cheese, gouda 30 g 0")});
     }
 
+    void theSelectionGivesWayToAnAddedFoodAlone()
+    {
+        start();
+        add("30 g gouda");
+        run->select({0});
+        add("1 oz gouda");
+        QCOMPARE(run->controller.logtable->selectedRowIndexes(), QList<int>{0});
+        add("egg");
+        QCOMPARE(run->controller.logtable->currentIndex().row(), 1);
+        QCOMPARE(run->controller.logtable->selectedRowIndexes(), QList<int>());
+    }
+
     void aFoodOfWhichNothingWasSaidIsLeftAsTheControllerAddsIt()
     {
         start();
@@ -269,6 +281,8 @@ private:
             naive.updateNutrients();
             ++entered;
         }
+        if (naive.foods.size() > former)
+            naive.select({});
         return query;
     }
     QString disturbBoth(Chance &chance, Naive::Log &naive)

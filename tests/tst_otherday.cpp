@@ -138,6 +138,7 @@ private slots:
     void theyComeAfterTheEntriesOfTheLogAndTheLastOneIsEditedNext()
     {
         start({{0, {record(B, 1.0F, QStringLiteral("g"), 0)}}, {1, meal}});
+        run->select({0});
         openSheet();
         press(Qt::Key_Return);
         run->controller.window->activateWindow(); // as a window manager does

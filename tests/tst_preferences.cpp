@@ -337,6 +337,19 @@ private slots:
         QCOMPARE(button->text(), text);
     }
 
+    void aDoubleClickOnResetOnlyAsks()
+    {
+        auto *button = run->controller.preferences->findChild<QAbstractButton *>(QStringLiteral("resetbutton"));
+        run->controller.rdas[60] = 9.0F;
+        click("resetbutton");
+        QTest::mouseDClick(button, Qt::LeftButton);
+        QTest::mouseRelease(button, Qt::LeftButton);
+        QCOMPARE(button->text(), QStringLiteral("Reset all 61 &allowances?"));
+        QCOMPARE(run->controller.rdas[60], 9.0F);
+        click("resetbutton");
+        QCOMPARE(run->controller.rdas[60], 0.0F);
+    }
+
     void anRDATypedIsDiscardedByEscAlone()
     {
         type(QStringLiteral("777"));

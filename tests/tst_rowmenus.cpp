@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/LocalDay.h"
 #include "tests/support/WindowTest.h"
+#include "ui/controls/DatePicker.h"
 
 #include <QCalendarWidget>
 #include <QComboBox>
@@ -38,12 +40,22 @@ class RowMenusTest final : public WindowTest {
     QStringList items()
     {
         QStringList texts;
-        for (const QAction *item : openMenu()->actions()) {
+        const QMenu *menu = openMenu();
+        for (const QAction *item : menu != nullptr ? menu->actions() : QList<QAction *>()) {
             const QString text = item->text().remove(u'&');
             if (!item->isSeparator())
                 texts.append(item->isEnabled() ? text : u'(' + text + u')');
         }
         return texts;
+    }
+    QString disabledItems()
+    {
+        QStringList disabled;
+        for (const QString &item : items()) {
+            if (item.startsWith(u'('))
+                disabled.append(item.sliced(1).chopped(1));
+        }
+        return disabled.join(u' ');
     }
 
 private slots:
@@ -132,7 +144,7 @@ private slots:
     void aNutrientsMenuOpensThePreferencesAtIt()
     {
         rightClick(nutrients(), 31);
-        QCOMPARE(items(), QStringList{QStringLiteral("Set Allowance…")});
+        QCOMPARE(items(), QStringList({QStringLiteral("Foods by Nutrient…"), QStringLiteral("Set Allowance…")}));
         choose("actionsetallowance");
         QVERIFY(run->controller.preferences->isVisible());
         QCOMPARE(run->controller.rdamenu->currentText(), QStringLiteral("Vitamin C"));
@@ -197,17 +209,50 @@ private slots:
         prepare();
         auto *menu = find<QMenu>("editmenu");
         QMenuBar *bar = window()->menuBar();
+        QStringList bykeys;
+        bar->setFocus(Qt::MenuBarFocusReason); // as it does itself when it is walked through by keys
+        emit menu->aboutToShow();
+        for (const QAction *item : menu->actions())
+            if (!item->isSeparator() && !item->isEnabled())
+                bykeys.append(item->text().remove(u'&'));
+        emit menu->aboutToHide();
+        QTEST(bykeys.join(u' '), "disabled");
         QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
-        QVERIFY(menu->isVisible());
-        QStringList disabled;
-        for (const QString &item : items()) {
-            if (item.startsWith(u'('))
-                disabled.append(item.sliced(1).chopped(1));
-        }
-        QTEST(disabled.join(u' '), "disabled");
+        QTEST(disabledItems(), "disabled");
         QTest::keyClick(menu, Qt::Key_Escape);
         for (const QAction *item : menu->actions())
             QVERIFY(item->isEnabled()); // whose shortcuts stay alive
+    }
+
+    void whatWouldDoNothingIsDisabledWhileTheDayMenuIsOpen_data()
+    {
+        QTest::addColumn<QDate>("day");
+        QTest::addColumn<QString>("disabled");
+        QTest::newRow("on the only logged day")
+            << QDate(2015, 5, 11) << QStringLiteral("Previous Logged Day Next Logged Day");
+        QTest::newRow("after it") << QDate(2015, 5, 12) << QStringLiteral("Next Logged Day");
+        QTest::newRow("today") << QDate() << QStringLiteral("Today Next Logged Day");
+        QTest::newRow("on the first day")
+            << LocalDay::firstDate() << QStringLiteral("Previous Day Previous Logged Day");
+        QTest::newRow("on the last day") << LocalDay::lastDate() << QStringLiteral("Next Day Next Logged Day");
+    }
+
+    void whatWouldDoNothingIsDisabledWhileTheDayMenuIsOpen()
+    {
+        QFETCH(QDate, day);
+        run->controller.datepicker->setDate({2015, 5, 11});
+        run->add({A});
+        if (day.isValid())
+            run->controller.datepicker->setDate(day);
+        else
+            run->controller.today();
+        auto *menu = find<QMenu>("daymenu");
+        QMenuBar *bar = window()->menuBar();
+        QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+        QTEST(disabledItems(), "disabled");
+        QTest::keyClick(menu, Qt::Key_Escape);
+        for (const QAction *item : menu->actions())
+            QVERIFY(item->isEnabled());
     }
 };
 

@@ -46,22 +46,25 @@ void MainInterface::openHistory()
         {std::make_unique<History::DayReader>(store), shownDay(), controller.rdas, LocalDay::dateOf(controller.now())});
 }
 
+std::optional<QDate> MainInterface::loggedDay(bool later) const
+{
+    const QDate from = LocalDay::dateOf(controller.curdate);
+    History::DayReader reader(UserDefaults::standardUserDefaults());
+    return later ? reader.loggedAfter(from) : reader.loggedBefore(from);
+}
+
 // Nowhere when there is none.
 void MainInterface::goToLoggedDay(bool later)
 {
     endEditing();
-    const QDate from = LocalDay::dateOf(controller.curdate);
-    History::DayReader reader(UserDefaults::standardUserDefaults());
-    const std::optional<QDate> day = later ? reader.loggedAfter(from) : reader.loggedBefore(from);
-    if (day)
+    if (const std::optional<QDate> day = loggedDay(later))
         goToDay(*day);
 }
 
 // The date field takes it as if it had been chosen there.
 void MainInterface::goToDay(QDate day)
 {
-    if (day != LocalDay::dateOf(controller.curdate))
-        main->logtable->deselectAll();
+    leaveDayFor(LocalDay::onDate(controller.curdate, day));
     main->datepicker->setDate(day);
 }
 

@@ -221,6 +221,7 @@ void MainInterface::connectOtherDay()
     connect(otherday.get(), &OtherDay::entriesAdded, this, [this] {
         main->logtable->setFocus();
         main->logtable->setCurrentRow(controller.numberOfRowsInTableView(main->logtable) - 1);
+        main->logtable->deselectAll();
         showKept();
     });
 }
@@ -250,6 +251,8 @@ void MainInterface::frameAddedFood(int formerrows)
     }
     if (row >= 0)
         main->logtable->setCurrentRow(row);
+    if (rows > formerrows)
+        main->logtable->deselectAll(); // Del is to remove the row that a number would be typed in
 }
 
 void MainInterface::connectPreferences()

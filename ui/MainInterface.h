@@ -120,6 +120,8 @@ private:
     void openHistory();
     void makeHistory();
     void goToLoggedDay(bool later);
+    // The one before or after the shown day; nothing when there is none.
+    [[nodiscard]] std::optional<QDate> loggedDay(bool later) const;
     void goToDay(QDate day);
     [[nodiscard]] std::optional<History::ShownDay> shownDay() const;
 
@@ -130,6 +132,7 @@ private:
     void setConditions();
     // Whether a row would be selected by selectFramedRow().
     [[nodiscard]] bool hasFramedRow() const;
+    [[nodiscard]] bool isLog(const QWidget *keyboard) const;
     // Opens the preferences at a nutrient's allowance.
     void setAllowance(int nutrient);
 
@@ -150,4 +153,5 @@ private:
     QDialog *about = nullptr;
     InputGuard inputguard;
     MenuItems menuitems;
+    bool barcamefromlog = false; // whether the menu bar took the keyboard from the log
 };

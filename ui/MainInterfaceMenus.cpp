@@ -6,10 +6,12 @@
 #include "ui/MainInterface.h"
 
 #include "app/AppDelegate.h"
+#include "platform/LocalDay.h"
 #include "ui/table/TableView.h"
 #include "ui_MainWindow.h"
 #include "ui_PreferencesSheet.h"
 
+#include <QApplication>
 #include <QMainWindow>
 #include <QMenu>
 
@@ -41,6 +43,11 @@ void MainInterface::makeMenus()
     addRowMenu(main->nutrienttable, tr("Nutrient"), {main->actionfoodsbynutrient, main->actionsetallowance});
     setConditions();
     menuitems.watch(main->editmenu);
+    menuitems.watch(main->daymenu);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *former, const QWidget *now) {
+        if (now == main->menubar && former != nullptr)
+            barcamefromlog = isLog(former);
+    });
 }
 
 void MainInterface::addRowMenu(TableView *table, const QString &name, const QList<QAction *> &items)
@@ -76,14 +83,28 @@ void MainInterface::setConditions()
     menuitems.setCondition(main->actionselectall,
         [this, log] { return log->selectedRowIndexes().size() < controller.numberOfRowsInTableView(log); });
     menuitems.setCondition(main->actiondeselect, isselected);
+
+    const auto isleft
+        = [this](const QDateTime &next) { return LocalDay::key(next) != LocalDay::key(controller.curdate); };
+    menuitems.setCondition(
+        main->actionpreviousday, [this, isleft] { return isleft(LocalDay::dayBefore(controller.curdate)); });
+    menuitems.setCondition(
+        main->actionnextday, [this, isleft] { return isleft(LocalDay::dayAfter(controller.curdate)); });
+    menuitems.setCondition(main->actiontoday, [this, isleft] { return isleft(controller.now()); });
+    menuitems.setCondition(main->actionpreviousloggedday, [this] { return loggedDay(false).has_value(); });
+    menuitems.setCondition(main->actionnextloggedday, [this] { return loggedDay(true).has_value(); });
+}
+
+bool MainInterface::isLog(const QWidget *keyboard) const
+{
+    return keyboard == main->logtable || main->logtable->isAncestorOf(keyboard);
 }
 
 bool MainInterface::hasFramedRow() const
 {
     const QWidget *keyboard = window->focusWidget();
     // The menu bar borrows the keyboard while it is walked through by keys.
-    const bool islog = keyboard != nullptr
-        && (keyboard == main->logtable || main->logtable->isAncestorOf(keyboard) || keyboard == main->menubar);
+    const bool islog = keyboard == main->menubar ? barcamefromlog : keyboard != nullptr && isLog(keyboard);
     return islog && main->logtable->currentIndex().isValid();
 }
 

@@ -68,7 +68,7 @@ ShortcutsSheet::ShortcutsSheet(QMainWindow *window)
 void ShortcutsSheet::open()
 {
     keys->clear();
-    QList<QAction *> others = mainwindow->findChildren<QAction *>();
+    QList<QAction *> others = mainwindow->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly);
     for (const QAction *top : mainwindow->menuBar()->actions()) {
         if (top->menu() == nullptr)
             continue;

@@ -3,6 +3,8 @@
 
 #include "ui/controls/ConfirmButton.h"
 
+#include <QMouseEvent>
+
 #include <utility>
 
 ConfirmButton::ConfirmButton(QWidget *parent)
@@ -27,6 +29,11 @@ void ConfirmButton::withdraw()
 {
     if (!usualtext.isEmpty())
         setText(std::exchange(usualtext, {}));
+}
+
+void ConfirmButton::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    event->accept();
 }
 
 void ConfirmButton::focusOutEvent(QFocusEvent *event)

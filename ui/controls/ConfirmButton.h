@@ -21,6 +21,8 @@ signals:
     void confirmed();
 
 protected:
+    // The second press of a double click has not read the question.
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 

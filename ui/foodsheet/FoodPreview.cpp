@@ -67,6 +67,8 @@ void FoodPreview::listUnits()
         const QString weight = weighs ? gramsText(composition.gramsOfUnit(title).value_or(0.0F)) : QString();
         auto *item = new QTreeWidgetItem(ui->measurelist, {title, weight});
         item->setSizeHint(0, {0, fontMetrics().height() + rowpadding});
+        if (!weighs)
+            item->setData(1, Qt::AccessibleTextRole, gramsText(1.0F)); // a screen reader comes to this cell too
         item->setTextAlignment(1, Qt::AlignRight | Qt::AlignVCenter);
         item->setToolTip(0, title);
     }

@@ -10,9 +10,8 @@
 #include <utility>
 
 // One item of a unit pop-up: the row it belongs to (tag), the unit's title, the unit's position in the food's list
-// (idx), and what choosing it does. Added: a detail, which is told beside the title and written only when a menu
-// opens. A value, so that a menu can keep its items while the shared cell is already being
-// rebuilt for another row.
+// (idx), and what choosing it does. Added: a detail, which is painted beside the title and written only when a menu
+// opens. A value, so that a menu can keep its items while the shared cell is already being rebuilt for another row.
 class MenuItemUnit final {
 public:
     std::function<void(const MenuItemUnit &)> action;
