@@ -352,18 +352,6 @@ private slots:
         QVERIFY(cells(find<TableView>("sources")).isEmpty());
     }
 
-    void theKeyboardBeginsInTheViewThatIsShown()
-    {
-        open();
-        auto *tabs = find<QTabWidget>("tabs");
-        for (const char *view : {"chart", "sources", "days"}) {
-            press(tabs, Qt::Key_Escape);
-            openAgain();
-            QCOMPARE(sheet()->focusWidget()->objectName(), QLatin1String(view));
-            tabs->setCurrentIndex(tabs->currentIndex() + 1);
-        }
-    }
-
     void aNarrowTableKeepsTheKnownShare()
     {
         open();
