@@ -39,8 +39,9 @@ QString dateText(QDate date)
 
 History::Days daysOf(const SavedLog &log, const History::Period &period)
 {
-    History::DayReader reader(
-        [&](const QString &first, const QString &last, const StoreCopy::Row &row) { log.scan(first, last, row); });
+    History::DayReader reader([&](const QString &first, const QString &last, const StoreCopy::Row &row) {
+        return log.scan(first, last, row);
+    });
     return reader.readOnly(period);
 }
 

@@ -84,7 +84,7 @@ void SavedLog::takeIn(const QString &key, const PendingFile::Record &record)
     pending.insert(key, value);
 }
 
-void SavedLog::scan(const QString &firstkey, const QString &lastkey, const StoreCopy::Row &row) const
+bool SavedLog::scan(const QString &firstkey, const QString &lastkey, const StoreCopy::Row &row) const
 {
     auto waiting = pending.lowerBound(firstkey);
     const auto handOverBefore = [&](const QString *key) {
@@ -92,12 +92,13 @@ void SavedLog::scan(const QString &firstkey, const QString &lastkey, const Store
              ++waiting)
             row(waiting.key(), *waiting);
     };
-    store.scan(firstkey, lastkey, [&](const QString &key, const QByteArray &value) {
+    const bool iswhole = store.scan(firstkey, lastkey, [&](const QString &key, const QByteArray &value) {
         handOverBefore(&key);
         if (!pending.contains(key))
             row(key, value);
     });
     handOverBefore(nullptr);
+    return iswhole;
 }
 
 } // namespace Export

@@ -19,8 +19,9 @@ public:
     // Whether the program is running: what it has not saved yet is not in here.
     [[nodiscard]] bool isInUse() const { return store.isInUse(); }
 
-    // The values of the days between two keys, both included, in order; fit for History::DayReader.
-    void scan(const QString &firstkey, const QString &lastkey, const StoreCopy::Row &row) const;
+    // The values of the days between two keys, both included, in order; fit for History::DayReader. False
+    // when some of them could not be read.
+    bool scan(const QString &firstkey, const QString &lastkey, const StoreCopy::Row &row) const;
 
 private:
     [[nodiscard]] std::optional<QByteArray> valueOf(const QString &key) const;

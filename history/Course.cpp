@@ -68,7 +68,7 @@ Course course(const Days &days, int nutrient)
 {
     const auto place = static_cast<std::size_t>(nutrient);
     Course course{groupingOf(days.period), {}, runningMeans(days, place)};
-    for (QDate first = days.period.first; first <= days.period.last;) {
+    for (QDate first = days.period.first; first.isValid() && first <= days.period.last;) {
         const QDate last = std::min(lastOfBar(first, course.grouping), days.period.last);
         const std::span<const Day> logged = days.between(first, last);
         const std::optional<double> mean = meanOf(logged, place);

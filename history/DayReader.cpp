@@ -30,8 +30,8 @@ QVariant listOf(const ShownDay &shown)
     return items;
 }
 
-// Every day of the range that has a value, in order; the shown one with its own.
-void eachDay(const DayReader::Scan &scan, const Period &range, const std::optional<ShownDay> &shown,
+// Every day of the range that has a value, in order; the shown one with its own. False when some could not be read.
+bool eachDay(const DayReader::Scan &scan, const Period &range, const std::optional<ShownDay> &shown,
     const std::function<void(QDate date, const QVariant &value)> &each)
 {
     bool iswaiting = shown && range.contains(shown->date);
@@ -39,7 +39,7 @@ void eachDay(const DayReader::Scan &scan, const Period &range, const std::option
         iswaiting = false;
         each(shown->date, listOf(*shown));
     };
-    scan(LocalDay::key(range.first), LocalDay::key(range.last), [&](const QString &key, const QByteArray &value) {
+    const auto take = [&](const QString &key, const QByteArray &value) {
         const std::optional<QDate> date = LocalDay::dateOfKey(key);
         if (!date)
             return; // a kept copy of a day lies between the days
@@ -47,16 +47,19 @@ void eachDay(const DayReader::Scan &scan, const Period &range, const std::option
             handOverShown();
         if (!shown || *date != shown->date)
             each(*date, PropertyList::read(value).value_or(QVariant()));
-    });
+    };
+    const bool iswhole = scan(LocalDay::key(range.first), LocalDay::key(range.last), take);
     if (iswaiting)
         handOverShown();
+    return iswhole;
 }
 
 } // namespace
 
 DayReader::DayReader(const UserDefaults &prefs)
-    : DayReader(
-        [&prefs](const QString &first, const QString &last, const Row &row) { prefs.peekRange(first, last, row); })
+    : DayReader([&prefs](const QString &first, const QString &last, const Row &row) {
+        return prefs.peekRange(first, last, row);
+    })
 { }
 
 DayReader::DayReader(Scan rows)
@@ -89,7 +92,7 @@ Days DayReader::readOnly(const Period &period, const std::optional<ShownDay> &sh
 Days DayReader::readRange(const Period &range, const std::optional<ShownDay> &shown)
 {
     Days days{range, {}, {}, foods};
-    eachDay(scan, range, shown, [&](QDate date, const QVariant &value) { add(days, date, value); });
+    days.iswhole = eachDay(scan, range, shown, [&](QDate date, const QVariant &value) { add(days, date, value); });
     return days;
 }
 

@@ -23,12 +23,14 @@ struct ShownDay {
 // up or changes later is not looked at again as long as the reader lives. It is made when a history is opened and goes
 // when that is closed, since all it holds is there to be quick.
 //
-// It only looks: no key counts as read by this run, and none changes. What cannot be read counts as not logged.
+// It only looks: no key counts as read by this run, and none changes. What cannot be read counts as not logged;
+// Days::iswhole tells of it.
 class DayReader final {
 public:
     // Hands over every key between two, both included, that has a value, in the order of the keys, each with its value.
+    // False when some of them could not be read.
     using Row = UserDefaults::Row;
-    using Scan = std::function<void(const QString &firstkey, const QString &lastkey, const Row &row)>;
+    using Scan = std::function<bool(const QString &firstkey, const QString &lastkey, const Row &row)>;
 
     // From the store, pending values included. The preferences outlive the reader.
     explicit DayReader(const UserDefaults &prefs);

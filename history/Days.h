@@ -47,6 +47,7 @@ struct Days {
     QList<Day> all;
     QList<Entry> entries;
     std::shared_ptr<const Foods> foods;
+    bool iswhole = true; // false when a part of the store could not be read
 
     // They point into this: not to be asked of what is gone at the end of the line.
     [[nodiscard]] std::span<const Day> ofPeriod() const & { return between(period.first, period.last); }

@@ -41,7 +41,7 @@ QVariant valueOf(QDate day, const UserDefaults &prefs, const std::optional<Shown
 
 } // namespace
 
-OwnFoods::OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown)
+OwnFoods::OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown, QDate today)
 {
     int found = 0;
     QDate newest;
@@ -50,9 +50,11 @@ OwnFoods::OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &sho
         const StoredDay stored = StoredDay::of(valueOf(day, prefs, shown));
         if (stored.foods.empty())
             continue;
-        if (found == 0)
+        if (newest.isNull() && !(today.isValid() && day > today))
             newest = day;
-        addDay(day, stored.foods, std::exp2(-double(day.daysTo(newest)) / halflife));
+        // A day that is yet to come makes none of those before it any older.
+        const double age = newest.isNull() ? 0.0 : double(day.daysTo(newest));
+        addDay(day, stored.foods, std::exp2(-age / halflife));
         if (++found == loggeddays)
             break;
     }

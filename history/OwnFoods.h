@@ -24,7 +24,8 @@ struct OwnFood {
     float amount = 0.0F;
     std::optional<QString> unit; // the title as stored; absent: grams. Whether the food's file has it nobody has asked.
     qint32 unitidx = 0; // as stored; the unit is what its title says
-    double usefulness = 0.0; // above 0; of two foods the one with more is likelier to be wanted again
+    double usefulness
+        = 0.0; // 0 only after some 40 years; of two foods the one with more is likelier to be wanted again
 };
 
 // The foods of the last 60 logged days, which are those with at least one food record: what a person is likely to add
@@ -35,18 +36,19 @@ struct OwnFood {
 // Usefulness is frequency and recency in one figure, the "combined recency and frequency" of D. Lee et al., "LRFU: A
 // Spectrum of Policies that Subsumes the Least Recently Used and Least Frequently Used Policies", IEEE Transactions on
 // Computers 50 (2001): the sum over the days on which a food was logged of (1/2)^(age / half-life), ages in days from
-// the newest logged day. What day is today does not matter, since another one would multiply all the figures by the
-// same. A half-life of two weeks spans two turns of a weekly rhythm. For a simulated person whose habit never changes
-// (see bench/bench_habit.cpp) the foods of the habit stand at place 21.7 of the list with it, at 22.8 with one week and
-// at 20.8 without any decay; what is lost to that is little beside what a person gains whose habit does change.
+// the newest logged day that is not yet to come; how long ago that is does not matter, since another day would multiply
+// all the figures by the same. Days after today are as new as it. A half-life of two weeks spans two turns of a weekly
+// rhythm. For a simulated person whose habit never changes (see bench/bench_habit.cpp) the foods of the habit stand at
+// place 21.7 of the list with it, at 22.8 with one week and at 20.8 without any decay; what is lost to that is little
+// beside what a person gains whose habit does change.
 class OwnFoods final {
 public:
     static constexpr int loggeddays = 60;
     static constexpr std::size_t listed = 40; // at most, in a list to choose from
     static constexpr double halflife = 14.0; // days
 
-    // The day that the window shows counts as it is there, not as it is stored.
-    explicit OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown = {});
+    // The day that the window shows counts as it is there, not as it is stored. Without today no day is yet to come.
+    explicit OwnFoods(const UserDefaults &prefs, const std::optional<ShownDay> &shown = {}, QDate today = {});
 
     // Each name once, the most useful first; of equally useful ones the one logged last, then the one that comes first
     // in its day. Entries without a name are left out.

@@ -14,6 +14,8 @@ namespace {
 
 // Up to so many entries it takes less to look through the names than to make a set of them.
 constexpr qsizetype usualDay = 40;
+// So many have room from the beginning: what a list claims to hold may be no food at all.
+constexpr qsizetype mostreserved = 64;
 
 std::optional<Food> foodOf(const QVariant &item)
 {
@@ -29,7 +31,7 @@ StoredDay StoredDay::of(const QVariant &value)
     if (value.typeId() != QMetaType::QVariantList)
         return day;
     const QVariantList items = value.toList();
-    day.foods.reserve(static_cast<std::size_t>(items.size()));
+    day.foods.reserve(static_cast<std::size_t>(std::min(items.size(), mostreserved)));
     QSet<QString> names;
     const auto isKnown = [&](const QString &name) {
         if (items.size() <= usualDay)

@@ -112,10 +112,30 @@ private slots:
         auto *box = find<QCheckBox>("leaveout");
         press(box, Qt::Key_Space);
         QCOMPARE(row(vitaminc)[1], QStringLiteral("51.74 mg"));
+        QCOMPARE(
+            text("periodlabel"), QStringLiteral("22 Oct to 20 Nov 2026: 24 of 30 days logged, 1 of them left out"));
         goTo({2026, 11, 4});
         QCOMPARE(text("cursorlabel"), QStringLiteral("Wed 4 Nov 2026: left out; mean of seven days 500.00 kcal"));
         press(box, Qt::Key_Space);
         QCOMPARE(row(vitaminc)[1], QStringLiteral("50.42 mg"));
+        press(box, Qt::Key_Space);
+        press(box, Qt::Key_Escape);
+        openAgain(); // anew, with all days
+        QCOMPARE(row(vitaminc)[1], QStringLiteral("50.42 mg"));
+        QVERIFY(!box->isChecked());
+    }
+
+    void allIncompleteDaysAreNamedWhereThereIsRoom()
+    {
+        {
+            UserDefaults store(home->storePath());
+            for (int i = 0; i < 8; ++i)
+                store.setObject(QVariantList{record(Bread, 1.0F)}, LocalDay::key(QDate(2026, 11, 13).addDays(i)));
+        }
+        open();
+        QVERIFY(text("incompletelabel").endsWith(QStringLiteral("16 Nov and 4 more")));
+        QVERIFY(find<QLabel>("incompletelabel")->toolTip().contains(QStringLiteral("18 Nov, 19 Nov, 20 Nov")));
+        QVERIFY(find<QCheckBox>("leaveout")->accessibleDescription().endsWith(QStringLiteral("19 Nov, 20 Nov")));
     }
 
     void todayComesFromMemoryAndCountsWhenAskedFor()
@@ -264,6 +284,80 @@ private slots:
         press(chart(), Qt::Key_Down); // and nothing of it fails
         press(chart(), Qt::Key_Right, Qt::AltModifier);
         QVERIFY(text("periodlabel").startsWith(QStringLiteral("22 Oct to 20 Nov 2026")));
+    }
+
+    void nutrientAndCursorStayWhileATableIsFilledAnew()
+    {
+        open();
+        chooseVitaminC();
+        figures()->setFocus();
+        press(figures(), Qt::Key_Left, Qt::AltModifier); // nothing is logged there
+        press(figures(), Qt::Key_Right, Qt::AltModifier);
+        QCOMPARE(chart()->accessibleName(), QStringLiteral("Course of Vitamin C"));
+        QCOMPARE(figures()->currentIndex().row(), vitaminc);
+        find<QTabWidget>("tabs")->setCurrentIndex(2);
+        auto *days = find<TableView>("days");
+        days->setFocus();
+        press(days, Qt::Key_Left, Qt::AltModifier);
+        chart()->dayPointedAt({2026, 11, 10}); // not logged
+        days->setFocus();
+        press(days, Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(text("cursorlabel").startsWith(QStringLiteral("Tue 10 Nov 2026")));
+    }
+
+    void aYearBackAndOnAgainIsTheSame_data()
+    {
+        QTest::addColumn<QDate>("day");
+        QTest::addColumn<QString>("year");
+        const auto row
+            = [](QDate day, const char *year) { QTest::addRow("%s", year) << day << QString::fromLatin1(year); };
+        row({2024, 2, 28}, "1 Mar 2023 to 28 Feb 2024");
+        row({2024, 2, 29}, "1 Mar 2023 to 29 Feb 2024");
+        row({2025, 2, 28}, "29 Feb 2024 to 28 Feb 2025");
+    }
+
+    void aYearBackAndOnAgainIsTheSame()
+    {
+        QFETCH(QDate, day);
+        QFETCH(QString, year);
+        home->now = QDateTime(day.addDays(1), {12, 0}, Qt::UTC);
+        open();
+        choose(find<QComboBox>("lengthbox"), 3);
+        QVERIFY(text("periodlabel").startsWith(year));
+        press(chart(), Qt::Key_Left, Qt::AltModifier);
+        QVERIFY(!text("periodlabel").startsWith(year));
+        press(chart(), Qt::Key_Right, Qt::AltModifier);
+        QVERIFY(text("periodlabel").startsWith(year));
+        QVERIFY(!find<QAbstractButton>("laterbutton")->isEnabled());
+    }
+
+    void aStoreThatCannotBeReadIsNoEmptyOne()
+    {
+        HistorySheet sheet;
+        const auto unreadable = [](const QString &, const QString &, const UserDefaults::Row &) { return false; };
+        sheet.openWith({std::make_unique<History::DayReader>(unreadable), {}, {}, today});
+        QCOMPARE(sheet.findChild<QLabel *>(QStringLiteral("periodlabel"))->text(),
+            QStringLiteral("22 Oct to 20 Nov 2026: 0 of 30 days logged; the store could not be read whole"));
+    }
+
+    void whatComesAfterClosingFindsNothing()
+    {
+        open();
+        press(chart(), Qt::Key_Escape);
+        for (QAction *action : sheet()->actions()) {
+            if (action->shortcut().toString().startsWith(QStringLiteral("Alt+")))
+                action->trigger();
+        }
+        find<QTabWidget>("tabs")->setCurrentIndex(1);
+        QVERIFY(cells(find<TableView>("sources")).isEmpty());
+    }
+
+    void aNarrowTableKeepsTheKnownShare()
+    {
+        open();
+        sheet()->resize(700, 560);
+        QVERIFY(figures()->isColumnHidden(2));
+        QVERIFY(!figures()->isColumnHidden(4));
     }
 
     void tabGoesRoundItInTheOrderOfReading()

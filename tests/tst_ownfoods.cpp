@@ -95,6 +95,19 @@ private slots:
         QVERIFY(foods.named(QStringLiteral("c")) == nullptr);
     }
 
+    void aDayYetToComeMakesNoneOlder()
+    {
+        StoreHome home;
+        UserDefaults store(home.path);
+        store.setObject(dayOf({QStringLiteral("later")}), QStringLiteral("9999_12_31"));
+        store.setObject(dayOf({QStringLiteral("a")}), key(3));
+        store.setObject(dayOf({QStringLiteral("b")}), key(17));
+        const OwnFoods foods(store, {}, today);
+        QCOMPARE(foods.named(QStringLiteral("later"))->usefulness, 1.0);
+        QCOMPARE(foods.named(QStringLiteral("a"))->usefulness, 1.0);
+        QCOMPARE(foods.named(QStringLiteral("b"))->usefulness, 0.5);
+    }
+
     void aFoodBearsItsLastQuantity()
     {
         StoreHome home;

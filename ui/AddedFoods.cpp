@@ -51,7 +51,7 @@ void MainInterface::prepareFoodSheet()
     if (store.boolForKey(SettingsKeys::OwnFoodsFirst)) {
         const QDate today = LocalDay::dateOf(controller.now());
         const History::OwnFoods own(
-            store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods});
+            store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods}, today);
         for (const History::OwnFood &food : own.all())
             logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
     }

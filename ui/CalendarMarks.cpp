@@ -15,9 +15,9 @@
 #include <algorithm>
 #include <utility>
 
-CalendarMarks::CalendarMarks(DatePicker *field, Read days)
+CalendarMarks::CalendarMarks(DatePicker *field, Begin reading)
     : QObject(field)
-    , read(std::move(days))
+    , begin(std::move(reading))
 {
     field->installEventFilter(this);
 }
@@ -31,13 +31,19 @@ bool CalendarMarks::eventFilter(QObject *watched, QEvent *event)
             connect(calendar, &QCalendarWidget::currentPageChanged, this, &CalendarMarks::mark);
         }
     }
-    if (event->type() == QEvent::Show && watched == calendar)
+    if (event->type() == QEvent::Show && watched == calendar) {
+        read = begin();
         mark();
+    }
+    if (event->type() == QEvent::Hide && watched == calendar)
+        read = nullptr;
     return false;
 }
 
 void CalendarMarks::mark()
 {
+    if (!read)
+        return; // a page turned to while nobody looks
     constexpr int beside = 14; // days of the months before and after that its page has room for
     const QDate first(calendar->yearShown(), calendar->monthShown(), 1);
     const QDate last = first.addMonths(1).addDays(beside);

@@ -17,15 +17,17 @@ class QCalendarWidget;
 class CalendarMarks final : public QObject {
 public:
     using Read = std::function<History::Days(const History::Period &)>;
+    using Begin = std::function<Read()>;
 
-    // A child of the field.
-    CalendarMarks(DatePicker *field, Read days);
+    // A child of the field. What the reading begins with is kept while the calendar is open.
+    CalendarMarks(DatePicker *field, Begin reading);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void mark();
 
-    Read read;
+    Begin begin;
+    Read read; // none while the calendar is closed
     QCalendarWidget *calendar = nullptr;
 };

@@ -21,8 +21,9 @@ void MainInterface::connectHistory()
     connect(main->actionhistory, &QAction::triggered, this, &MainInterface::openHistory);
     connect(main->actionpreviousloggedday, &QAction::triggered, this, [this] { goToLoggedDay(false); });
     connect(main->actionnextloggedday, &QAction::triggered, this, [this] { goToLoggedDay(true); });
-    new CalendarMarks(main->datepicker, [this](const History::Period &period) {
-        return History::DayReader(UserDefaults::standardUserDefaults()).readOnly(period, shownDay());
+    new CalendarMarks(main->datepicker, [this] {
+        const auto reader = std::make_shared<History::DayReader>(UserDefaults::standardUserDefaults());
+        return [this, reader](const History::Period &period) { return reader->readOnly(period, shownDay()); };
     });
 }
 

@@ -57,12 +57,13 @@ DayView::DayView(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
 }
 
-void DayView::setCurrentDay(QDate day, const QString &sentence, double value)
+void DayView::setCurrentDay(QDate day, const QString &sentence, std::optional<double> value)
 {
     current = day;
-    figure = std::isfinite(value) ? value : 0.0;
-    setAccessibleDescription(sentence);
-    if (QAccessible::isActive()) {
+    const bool hasfigure = value && std::isfinite(*value);
+    figure = hasfigure ? *value : 0.0;
+    setAccessibleDescription(sentence); // sends the change
+    if (hasfigure && QAccessible::isActive()) {
         QAccessibleValueChangeEvent event(this, figure);
         QAccessible::updateAccessibility(&event);
     }

@@ -6,6 +6,8 @@
 #include <QDate>
 #include <QWidget>
 
+#include <optional>
+
 // A painted picture of many days with a cursor on one of them. It knows where its cursor is, not what the day came to:
 // its owner hears that the cursor is to move, moves it, and says the sentence and the figure of the day, which a screen
 // reader is told as the picture's description and value. A picture alone would say nothing to it.
@@ -16,8 +18,8 @@ public:
     explicit DayView(QWidget *parent);
 
     [[nodiscard]] QDate currentDay() const { return current; }
-    // The figure of a day that has none is 0. Sends nothing.
-    void setCurrentDay(QDate day, const QString &sentence, double figure);
+    // A day without a figure, or with one that is not finite, tells a screen reader of its sentence alone.
+    void setCurrentDay(QDate day, const QString &sentence, std::optional<double> figure);
     [[nodiscard]] double currentFigure() const { return figure; }
 
 signals:

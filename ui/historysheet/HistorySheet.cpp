@@ -129,18 +129,18 @@ void HistorySheet::connectControls()
         const QSignalBlocker quiet(ui->figures->horizontalHeader());
         ui->figures->horizontalHeader()->setSortIndicator(
             index / 2, index % 2 != 0 ? Qt::DescendingOrder : Qt::AscendingOrder);
-        ui->figures->reloadData();
+        reload(*ui->figures);
         chooseNutrient(nutrient);
     });
     connect(ui->figures->horizontalHeader(), &QHeaderView::sectionClicked, this, &HistorySheet::orderByColumn);
     connect(ui->figures->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
         [this](const QModelIndex &current) {
-            if (current.isValid() && figurestable.nutrientOfRow(current.row()) != nutrient)
+            if (!isreloading && current.isValid() && figurestable.nutrientOfRow(current.row()) != nutrient)
                 chooseNutrient(figurestable.nutrientOfRow(current.row()));
         });
     connect(
         ui->days->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex &current) {
-            if (current.isValid() && ui->days->hasFocus())
+            if (!isreloading && current.isValid() && ui->days->hasFocus())
                 moveCursor(daystable.dayOfRow(current.row()));
         });
     for (DayView *view : std::initializer_list<DayView *>{ui->chart, ui->year}) {
@@ -161,7 +161,8 @@ void HistorySheet::openWith(Sources sources)
         makeControls();
     from = std::move(sources);
     startPeriod();
-    ui->chart->setFocus();
+    QWidget *const pages[] = {ui->chart, ui->sources, ui->days};
+    pages[ui->tabs->currentIndex()]->setFocus();
     open();
 }
 
@@ -175,6 +176,7 @@ void HistorySheet::done(int result)
     figures.reset();
     if (!ui)
         return;
+    ui->leaveout->setChecked(false);
     ui->chart->setContent({});
     ui->year->setYear({}, false);
     figurestable.setFigures({}, {}, {});
@@ -182,7 +184,15 @@ void HistorySheet::done(int result)
     unknowntable.setSources({}, {});
     daystable.setDays({});
     for (TableView *table : {ui->figures, ui->sources, ui->unknownsources, ui->days})
-        table->reloadData();
+        reload(*table);
+}
+
+// A table that has the keyboard gives itself a current row, which nobody chose.
+void HistorySheet::reload(TableView &table)
+{
+    isreloading = true;
+    table.reloadData();
+    isreloading = false;
 }
 
 void HistorySheet::orderByColumn(int column)
@@ -216,9 +226,12 @@ void HistorySheet::startPeriod()
 void HistorySheet::stepPeriod(bool later)
 {
     const std::optional<History::Length> length = chosenLength();
-    if (!length || (later && !ui->laterbutton->isEnabled()))
+    if (!from.reader || !length || (later && !ui->laterbutton->isEnabled()))
         return;
     period = later ? History::after(period, *length) : History::before(period, *length);
+    // Where there is a leap day, a year back and on again ends a day early or late.
+    if (later && period.last >= lastDay().addDays(-1))
+        period = History::periodUpTo(lastDay(), *length);
     readPeriod();
 }
 
@@ -240,7 +253,7 @@ void HistorySheet::showDays()
     figures = History::figures(days, from.allowances);
     figurestable.setFigures(figures, from.allowances, period.last);
     daystable.setDays(days);
-    ui->figures->reloadData();
+    reload(*ui->figures);
     const std::span<const History::Day> logged = days.ofPeriod();
     if (!period.contains(cursor))
         cursor = logged.empty() ? period.last : logged.back().date;
@@ -250,14 +263,21 @@ void HistorySheet::showDays()
 
 void HistorySheet::showPeriod(const QList<QDate> &incomplete)
 {
-    ui->periodlabel->setText(
-        HistoryText::period(period) + QStringLiteral(": ") + loggedOf(read.ofPeriod().size(), period));
+    QString logged = loggedOf(read.ofPeriod().size(), period);
+    if (ui->leaveout->isChecked() && !incomplete.isEmpty())
+        logged = tr("%1, %2 of them left out").arg(logged).arg(incomplete.size());
+    if (!read.iswhole)
+        logged = tr("%1; the store could not be read whole").arg(logged);
+    ui->periodlabel->setText(HistoryText::period(period) + QStringLiteral(": ") + logged);
     ui->incompleterow->setVisible(!incomplete.isEmpty());
-    const QString named = HistoryText::someDays(incomplete, period.last);
-    ui->incompletelabel->setText(incomplete.size() == 1
-            ? tr("1 day looks incomplete: %1").arg(named)
-            : tr("%1 days look incomplete: %2").arg(incomplete.size()).arg(named));
-    ui->leaveout->setAccessibleDescription(ui->incompletelabel->text());
+    const auto sentence = [&](const QString &named) {
+        return incomplete.size() == 1 ? tr("1 day looks incomplete: %1").arg(named)
+                                      : tr("%1 days look incomplete: %2").arg(incomplete.size()).arg(named);
+    };
+    ui->incompletelabel->setText(sentence(HistoryText::someDays(incomplete, period.last)));
+    const QString all = sentence(HistoryText::allDays(incomplete, period.last));
+    ui->incompletelabel->setToolTip(QStringLiteral("<p>%1</p>").arg(all)); // as rich text it is wrapped
+    ui->leaveout->setAccessibleDescription(all);
 }
 
 void HistorySheet::chooseNutrient(int index)
@@ -292,7 +312,7 @@ void HistorySheet::showNutrient()
     ui->summarylabel->setText(unbroken(std::move(summary)));
     daystable.setNutrient(nutrient, allowance);
     ui->days->setAccessibleName(tr("Days with %1").arg(name));
-    ui->days->reloadData();
+    reload(*ui->days);
     ui->sources->setAccessibleName(tr("Foods that gave %1").arg(name));
     ui->unknownsources->setAccessibleName(tr("Foods without a figure for %1").arg(name));
     showssources = false;
@@ -303,13 +323,13 @@ void HistorySheet::showNutrient()
 // A pass over all entries, for whoever looks at them alone.
 void HistorySheet::showSources()
 {
-    if (showssources || ui->tabs->currentWidget() != ui->sourcespage)
+    if (!from.reader || showssources || ui->tabs->currentWidget() != ui->sourcespage)
         return;
     History::Sources found = History::sources(days, nutrient);
     sourcestable.setSources(std::move(found.known), NutrientCatalogue::units()[nutrient], period.last);
     unknowntable.setSources(std::move(found.unknown), period.last);
-    ui->sources->reloadData();
-    ui->unknownsources->reloadData();
+    reload(*ui->sources);
+    reload(*ui->unknownsources);
     ui->unknownsources->setVisible(unknowntable.numberOfRowsInTableView(nullptr) > 0);
     showssources = true;
 }
@@ -323,7 +343,9 @@ void HistorySheet::moveCursor(QDate day)
 void HistorySheet::showCursor()
 {
     const History::Day *logged = days.on(cursor);
-    const double figure = logged != nullptr ? double(logged->sums[std::size_t(nutrient)]) : 0.0;
+    std::optional<double> figure;
+    if (logged != nullptr)
+        figure = double(logged->sums[std::size_t(nutrient)]);
     const QString sentence = daySentence(cursor) + groupSentence(cursor);
     ui->cursorlabel->setText(unbroken(sentence));
     ui->chart->setCurrentDay(cursor, sentence, figure);
@@ -414,10 +436,11 @@ bool HistorySheet::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-// In a narrow table what the summary says too makes room for the name, the mean and the bar.
+// In a narrow table the lowest and the highest day, which the summary says too, make room. The known share stays: it is
+// the reason of the sign before a mean.
 void HistorySheet::fitColumns()
 {
-    constexpr int spare[] = {2, 3, 4};
+    constexpr int spare[] = {2, 3};
     for (const int column : spare)
         ui->figures->setColumnHidden(column, ui->figures->width() < figureswidth);
 }

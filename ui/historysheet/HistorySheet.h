@@ -41,7 +41,8 @@ public:
     explicit HistorySheet(QWidget *parent = nullptr);
     ~HistorySheet() override;
 
-    // Opens on the 30 days up to yesterday, of energy; of what it showed when it was last open, if it was.
+    // Opens on the 30 days up to yesterday, of energy; again with the length, the nutrient and the view that it was
+    // closed with, up to the present end. The view has the keyboard.
     void openWith(Sources sources);
     void done(int result) override;
 
@@ -76,6 +77,7 @@ private:
     [[nodiscard]] QString groupSentence(QDate day) const;
     [[nodiscard]] QDate dayToOpen() const; // of what has the keyboard
     void choose(QDate day);
+    void reload(TableView &table);
 
     std::unique_ptr<Ui::HistorySheet> ui;
     Sources from;
@@ -87,6 +89,7 @@ private:
     int nutrient = 0;
     QDate cursor;
     bool showssources = false; // those of the present nutrient and days
+    bool isreloading = false;
     int figureswidth = 0; // of the table with all its columns
     FiguresTable figurestable;
     SourcesTable sourcestable;

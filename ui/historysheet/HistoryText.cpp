@@ -48,11 +48,16 @@ QString HistoryText::period(const History::Period &days)
 QString HistoryText::someDays(const QList<QDate> &days, QDate beside)
 {
     constexpr qsizetype most = 5;
-    QStringList names;
-    for (const QDate &date : days.first(std::min(most, days.size())))
-        names.append(shortDay(date, beside));
-    const QString named = names.join(QStringLiteral(", "));
+    const QString named = allDays(days.first(std::min(most, days.size())), beside);
     return days.size() > most ? tr("%1 and %2 more").arg(named).arg(days.size() - most) : named;
+}
+
+QString HistoryText::allDays(const QList<QDate> &days, QDate beside)
+{
+    QStringList names;
+    for (const QDate date : days)
+        names.append(shortDay(date, beside));
+    return names.join(QStringLiteral(", "));
 }
 
 QString HistoryText::mean(const History::NutrientFigures &figures, const QString &unit)
