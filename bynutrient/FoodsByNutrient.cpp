@@ -120,8 +120,9 @@ std::vector<FoodsByNutrient::Row> FoodsByNutrient::eatenRows(
     for (const Eaten &each : eaten) {
         const std::optional<float> per100grams = figures->amount(each.food, nutrient);
         const std::optional<Ranked> one = ranked(each.food, nutrient, basis);
+        const Portion &portion = each.portion ? *each.portion : figures->portion(each.food);
         if (one && basis == Basis::Portion)
-            rows.push_back({each.food, each.portion, *per100grams / 100.0F * each.portion.grams});
+            rows.push_back({each.food, portion, *per100grams / 100.0F * portion.grams});
         else if (one)
             rows.push_back(rowOf(*one, basis));
     }

@@ -23,10 +23,10 @@ class FoodsByNutrient final {
 public:
     enum class Basis { Portion, HundredGrams, HundredKilocalories };
 
-    // One's own last quantity of a food.
+    // One's own last quantity of a food; none where its file no longer has the unit: then the portion is everybody's.
     struct Eaten {
         int food = 0;
-        Portion portion;
+        std::optional<Portion> portion;
     };
 
     struct Row {

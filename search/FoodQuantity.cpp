@@ -119,6 +119,27 @@ private:
         return unit.kind == Unit::Kind::Measure ? !unit.name.isEmpty() : token.word.size() > 1;
     }
 
+    static bool isMass(const Unit &unit) { return unit.kind == Unit::Kind::Mass; }
+
+    [[nodiscard]] std::size_t afterOf(std::size_t at) const { return isWord(tokens, at, "of") ? at + 1 : at; }
+
+    struct Pack {
+        double value = 0;
+        Unit unit;
+        std::size_t count = 0;
+    };
+
+    // A number of digits with a mass or a volume, which another quantity stands before: "4 oz", "330 ml".
+    [[nodiscard]] std::optional<Pack> packAt(std::size_t at) const
+    {
+        if (at >= tokens.size() || !tokens[at].isNumber())
+            return std::nullopt;
+        const std::optional<MeasureText::UnitWords> unit = MeasureText::unitAt(tokens, at + 1);
+        if (!unit || unit->unit.kind == Unit::Kind::Measure)
+            return std::nullopt;
+        return Pack{tokens[at].number, unit->unit, unit->count + 1};
+    }
+
     void readFront()
     {
         std::optional<Number> number = digitsAt(tokens, 0);
@@ -139,11 +160,21 @@ private:
         }
         if (!number)
             return;
+        // "2 x 200 g yogurt"
+        if (const auto each = packAt(next); each && digits) {
+            add(number->value * each->value, each->unit, 0, afterOf(next + each->count), false);
+            return;
+        }
         Unit chosen;
         std::size_t end = next;
         if (unit && next + unit->count < tokens.size()) {
             chosen = unit->unit;
             end = next + unit->count;
+            // "1 lb 4 oz beef"
+            if (const auto rest = packAt(end); rest && isMass(chosen) && isMass(rest->unit)) {
+                number->value += rest->value * rest->unit.size / chosen.size;
+                end += rest->count;
+            }
             // "2 large slices ham"
             const std::optional<MeasureText::UnitWords> second = MeasureText::unitAt(tokens, end);
             if (chosen.kind == Unit::Kind::Measure && second && end + second->count < tokens.size()
@@ -152,8 +183,7 @@ private:
                 end += second->count;
             }
         }
-        if (isWord(tokens, end, "of"))
-            ++end;
+        end = afterOf(end);
         const bool bare = chosen == Unit();
         add(number->value, chosen, 0, end, bare && (digits || number->count == 1));
         // "2 bread slices"
@@ -177,9 +207,20 @@ private:
             if (next == tokens.size())
                 add(number->value, Unit(), first, next, true);
             else if (unit && next + unit->count == tokens.size())
-                add(number->value, unit->unit, first, tokens.size(), false);
+                addAtEnd(number->value, unit->unit, first);
             return;
         }
+    }
+
+    void addAtEnd(double value, const Unit &unit, std::size_t first)
+    {
+        const auto pounds = first > 2 ? packAt(first - 2) : std::nullopt;
+        if (pounds && isMass(pounds->unit) && isMass(unit)) // "beef 1 lb 4 oz"
+            add(pounds->value + value * unit.size / pounds->unit.size, pounds->unit, first - 2, tokens.size(), false);
+        else if (first > 1 && tokens[first - 1].isNumber() && unit.kind != Unit::Kind::Measure) // "yogurt 2 x 200 g"
+            add(tokens[first - 1].number * value, unit, first - 1, tokens.size(), false);
+        else
+            add(value, unit, first, tokens.size(), false);
     }
 
     // "boiled rice 150 g cold": only a mass or a volume stands there.
@@ -221,6 +262,8 @@ private:
             const std::vector<FoodWords::Token> number
                 = FoodWords::tokenize(text.mid(tokens[first].start, tokens[end - 1].end - tokens[first].start));
             reading.neighbourAfter = first == 0;
+            if (reading.neighbourAfter)
+                reading.quantity.counted = reading.quantity.foodwords.front();
             if (number.size() == 1) {
                 reading.number = number.front().text;
                 reading.neighbour

@@ -15,6 +15,7 @@
 struct FoodQuantity {
     double count = 1;
     MeasureText::Unit unit; // a measure without a name: so many pieces of the food
+    QByteArray counted; // the word after a bare number: "squares" of "3 squares dark chocolate", or the food itself
     std::vector<QByteArray> foodwords; // of the query's rest: "frankfurters" are counted by the frankfurter
 
     [[nodiscard]] bool isPieces() const { return unit.kind == MeasureText::Unit::Kind::Measure && unit.name.isEmpty(); }

@@ -85,10 +85,23 @@ const std::vector<int> &FoodSearch::search(const QString &query)
     if (none && !whole.ranks.empty() && !quantities.empty())
         askedquantity = quantities.front().quantity;
     last = std::move(whole);
+    if (askedquantity)
+        judgeCounted(*askedquantity);
     found.reserve(last.ranks.size());
     for (const FoodRank &rank : last.ranks)
         found.push_back(rank.name);
     return found;
+}
+
+// A counted word that is no part of the food is a measure that nobody has heard of: "2 dollops honey" are no two
+// honeys.
+void FoodSearch::judgeCounted(FoodQuantity &quantity) const
+{
+    if (!quantity.isPieces() || quantity.counted.isEmpty() || quantity.foodwords.size() < 2 || last.ranks.empty())
+        return;
+    const QStringList missing = missingWords(last.ranks.front().name);
+    if (missing.contains(QString::fromLatin1(quantity.counted)))
+        quantity.unit.name = quantity.counted;
 }
 
 FoodSearch::Answer FoodSearch::answerTo(const QString &query) const
@@ -168,6 +181,10 @@ FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
     std::erase_if(words, FoodLexicon::isServing);
     Answer answer;
     if (words.size() > 1)
+        answer = rank(FoodQuery::partialReadings(words, *index), true);
+    // A number that only foods for few have: of "omega 3 egg" the egg is meant, not what babies eat at three months.
+    const auto isNumber = [](const QByteArray &word) { return word[0] >= '0' && word[0] <= '9'; };
+    if ((answer.ranks.empty() || answer.ranks.front().forFew) && std::erase_if(words, isNumber) > 0 && !words.empty())
         answer = rank(FoodQuery::partialReadings(words, *index), true);
     const auto full
         = std::find_if(answer.ranks.begin(), answer.ranks.end(), [](const FoodRank &each) { return each.missing > 0; });

@@ -65,6 +65,7 @@ private:
         std::vector<QByteArray> missing; // words that were left out
     };
 
+    void judgeCounted(FoodQuantity &quantity) const;
     [[nodiscard]] Answer answerTo(const QString &query) const;
     void complete(Answer &whole, const QString &query) const;
     [[nodiscard]] Answer answerToMain(const QString &query) const;

@@ -62,16 +62,17 @@ QHash<QByteArray, Unit> unitTable()
     add(Unit::Kind::Volume, 2 * cup, "pt pint");
     add(Unit::Kind::Volume, 4 * cup, "qt quart");
     add(Unit::Kind::Volume, 16 * cup, "gal gallon");
-    for (const char *word : {"bag", "bar", "block", "bottle", "bowl", "box", "bunch", "can", "carton", "chunk", "clove",
-             "cob", "container", "cube", "dash", "ear", "envelope", "fillet", "floret", "glass", "head", "helping",
-             "jar", "jigger", "jumbo", "knob", "large", "leaf", "link", "loaf", "measure", "medallion", "medium", "mug",
-             "pack", "package", "packet", "pat", "patty", "piece", "pinch", "pod", "portion", "pot", "pouch", "punnet",
-             "rasher", "ring", "sachet", "scoop", "serving", "sheet", "shot", "slice", "small", "spear", "sprig",
-             "stalk", "stick", "strip", "tin", "tub", "wedge"})
+    for (const char *word :
+        {"bag", "ball", "bar", "bit", "block", "bottle", "bowl", "box", "bunch", "can", "carton", "chunk", "clove",
+            "cob", "container", "cube", "dash", "drop", "ear", "envelope", "fillet", "finger", "floret", "glass",
+            "handful", "head", "helping", "jar", "jigger", "jumbo", "knob", "large", "leaf", "link", "loaf", "measure",
+            "medallion", "medium", "mug", "pack", "package", "packet", "pat", "patty", "piece", "pinch", "plate", "pod",
+            "portion", "pot", "pouch", "punnet", "rasher", "ring", "sachet", "scoop", "serving", "sheet", "shot",
+            "slice", "small", "spear", "spoon", "sprig", "square", "stalk", "stick", "strip", "tin", "tub", "wedge"})
         table.insert(word, {Unit::Kind::Measure, 0, word});
     for (const auto &[spelling, word] : std::initializer_list<std::pair<const char *, const char *>>{{"lg", "large"},
              {"med", "medium"}, {"pc", "piece"}, {"pce", "piece"}, {"pkg", "package"}, {"pkt", "packet"},
-             {"big", "large"}, {"sm", "small"}, {"slc", "slice"}, {"med", "medium"}})
+             {"big", "large"}, {"sm", "small"}, {"slc", "slice"}, {"spoonful", "spoon"}, {"med", "medium"}})
         table.insert(spelling, {Unit::Kind::Measure, 0, word});
     return table;
 }

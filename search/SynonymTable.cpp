@@ -44,6 +44,7 @@ constexpr Row table[] = {
     {"mandarin", "tangerine"},
     {"mangetout", "peas edible podded"},
     {"milkshake", "milk shakes"},
+    {"nori", "seaweed laver"},
     {"omelette", "omelet"},
     {"pawpaw", "papaya"},
     {"polenta", "cornmeal"},

@@ -189,6 +189,76 @@ private slots:
         QCOMPARE(handedOver(apricots), QString());
     }
 
+    void afterTheLastKeptFoodIsRemovedThePreviewIsTheListsAgain()
+    {
+        open();
+        type("3 eggs");
+        press(Qt::Key_Return, Qt::ControlModifier);
+        tobeadded()->setFocus();
+        press(Qt::Key_Home);
+        press(Qt::Key_Delete);
+        QVERIFY(field()->hasFocus());
+        QVERIFY(find<QLabel>("namelabel")->text() != egg || !find<QLabel>("namelabel")->isVisible());
+        press(Qt::Key_Tab);
+        type("4");
+        QCOMPARE(kept(), QStringList());
+    }
+
+    void aKeptFoodFoundAgainIsSaidAndAddedAsItIsOnTheList()
+    {
+        open();
+        type("2 cups buttermilk fluid");
+        press(Qt::Key_Return, Qt::ControlModifier);
+        type("buttermilk fluid");
+        QCOMPARE(current(), buttermilk);
+        QCOMPARE(text("amountlabel").section(u',', 0, 0), QStringLiteral("2 \u00d7 1 cup"));
+        press(Qt::Key_Return);
+        QCOMPARE(handedOver(buttermilk), QStringLiteral("2|1 cup"));
+    }
+
+    void theDoubtAboutANumberEndsWithTheNumber()
+    {
+        open();
+        type("apricots");
+        press(Qt::Key_Tab);
+        type("0");
+        QVERIFY(!find<QLineEdit>("amountfield")->accessibleDescription().isEmpty());
+        list()->setFocus();
+        press(Qt::Key_Down);
+        QCOMPARE(shownInFields(), QStringLiteral("100|g"));
+        QCOMPARE(find<QLineEdit>("amountfield")->accessibleDescription(), QString());
+    }
+
+    void aDigitOnTheUnitsGoesToTheAmount()
+    {
+        open();
+        type("apricots raw");
+        clickUnit(3);
+        find<QTreeWidget>("measurelist")->setFocus();
+        type("4");
+        QCOMPARE(shownInFields(), QStringLiteral("4|1 apricot"));
+        QCOMPARE(field()->text(), QStringLiteral("apricots raw"));
+    }
+
+    void whoWantsNoOwnFoodsFirstStillHasTheirQuantities()
+    {
+        open();
+        type("milk");
+        const QString first = current();
+        press(Qt::Key_Escape);
+        press(Qt::Key_Escape);
+        logFoods(0);
+        open();
+        QCOMPARE(list()->model()->rowCount(), FoodCatalogue::foodCount);
+        type("milk");
+        QCOMPARE(current(), first);
+        QVERIFY(current() != buttermilk);
+        field()->clear();
+        type("buttermilk fluid");
+        press(Qt::Key_Return, Qt::AltModifier);
+        QCOMPARE(handedOver(buttermilk), QStringLiteral("1|1 cup"));
+    }
+
     void quantitiesOnTheListOutliveACancelling()
     {
         open();
@@ -319,13 +389,13 @@ private slots:
 
 private:
     FoodListView *foodView() const { return find<FoodListView>("foodlist"); }
-    void logFoods()
+    void logFoods(int listed = 40)
     {
         sheet->setOwnFoods({{buttermilk, QStringLiteral("yesterday"), 1.0F, QStringLiteral("1 cup"), 3.0F},
                                {banana, QStringLiteral("3 Nov"), 90.5F, std::nullopt, 2.0F},
                                {QStringLiteral("Ambrosia"), QStringLiteral("2 Nov"), 1.0F, std::nullopt, 2.0F},
                                {cheddar, QStringLiteral("1 Nov"), 2.0F, QStringLiteral("1 barrel"), 1.0F}},
-            40);
+            listed);
     }
     QString rowText(int row) const
     {

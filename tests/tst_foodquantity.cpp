@@ -107,6 +107,10 @@ private slots:
         QTest::newRow("an ounce") << QStringLiteral("1 oz milk") << 28.349523125F;
         QTest::newRow("a pound") << QStringLiteral("1 lb milk") << 453.59237F;
         QTest::newRow("a kilogram") << QStringLiteral("1kg milk") << 1000.0F;
+        QTest::newRow("pounds and ounces") << QStringLiteral("1 lb 4 oz beef") << 566.9904625F;
+        QTest::newRow("pounds and ounces at the end") << QStringLiteral("beef 1 lb 4 oz") << 566.9904625F;
+        QTest::newRow("several of a weight") << QStringLiteral("2 x 200 g yogurt") << 400.0F;
+        QTest::newRow("several of a weight at the end") << QStringLiteral("yogurt 2 x 200 g") << 400.0F;
         QTest::newRow("half a pound") << QStringLiteral("half a pound of milk") << 226.796185F;
     }
 

@@ -43,6 +43,7 @@ private slots:
 
         press(Qt::Key_Down);
         QCOMPARE(text("amountlabel").section(u',', 0, 1), QStringLiteral("2 \u00d7 1 slice, 136 g"));
+        QVERIFY(field()->accessibleDescription().endsWith(QLatin1String("8.89 mg, 49 %")));
         press(Qt::Key_Return);
         QCOMPARE(added, QList<QStringList>{{liver}});
         QCOMPARE(handedOver(liver), QStringLiteral("2|1 slice"));
@@ -72,6 +73,7 @@ private slots:
         field()->clear();
         type("2 oz cheddar");
         const QString food = current();
+        QVERIFY2(rowSaid(0).startsWith(QLatin1String("56.7 g, ")), qPrintable(rowSaid(0)));
         press(Qt::Key_Return);
         QVERIFY2(handedOver(food).endsWith(QLatin1String("|g")) || handedOver(food).endsWith(QLatin1String("oz")),
             qPrintable(handedOver(food)));
@@ -90,6 +92,21 @@ private slots:
         const QString food = current();
         press(Qt::Key_Return);
         QCOMPARE(handedOver(food), QString());
+
+        open();
+        chooseNutrient("Iron");
+        chooseBasis(2);
+        QVERIFY(text("hitslabel").endsWith(QLatin1String("foods have no figure for iron in 100 kcal")));
+    }
+
+    void aFoodWhoseUnitIsGoneIsStillOneThatWasEaten()
+    {
+        logLiver(QStringLiteral("1 barrel"));
+        open();
+        chooseNutrient("Iron");
+        const QModelIndex first = list()->model()->index(0, 0);
+        QCOMPARE(first.data().toString(), liver);
+        QVERIFY2(rowSaid(0).contains(QLatin1String(" mg, ")), qPrintable(rowSaid(0)));
     }
 
     void aNutrientWithoutAllowanceShowsItsAmountAlone()
@@ -128,13 +145,13 @@ private slots:
     }
 
 private:
-    void logLiver()
+    void logLiver(const QString &unit = QStringLiteral("1 slice"))
     {
         FoodListModel::Allowances rdas{};
         for (std::size_t i = 0; i < rdas.size(); ++i)
             rdas[i] = float(NutrientCatalogue::defaultRDAs()[i]);
         sheet->setAllowances(rdas);
-        sheet->setOwnFoods({{liver, QStringLiteral("yesterday"), 2.0F, QStringLiteral("1 slice"), 3.0F}}, 40);
+        sheet->setOwnFoods({{liver, QStringLiteral("yesterday"), 2.0F, unit, 3.0F}}, 40);
     }
     void chooseNutrient(const char *name, bool wait = true)
     {

@@ -48,15 +48,14 @@ void MainInterface::prepareFoodSheet()
 {
     const UserDefaults &store = UserDefaults::standardUserDefaults();
     std::vector<LoggedFood> logged;
-    if (store.boolForKey(SettingsKeys::OwnFoodsFirst)) {
-        const QDate today = LocalDay::dateOf(controller.now());
-        const History::OwnFoods own(
-            store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods}, today);
-        for (const History::OwnFood &food : own.all())
-            logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
-    }
+    const QDate today = LocalDay::dateOf(controller.now());
+    const History::OwnFoods own(
+        store, History::ShownDay{LocalDay::dateOf(controller.curdate), controller.curdatefoods}, today);
+    for (const History::OwnFood &food : own.all())
+        logged.push_back({food.name, dayText(food.lastday, today), food.amount, food.unit, float(food.usefulness)});
+    const bool first = store.boolForKey(SettingsKeys::OwnFoodsFirst);
     addview->setAllowances(controller.rdas);
-    addview->setOwnFoods(std::move(logged), int(History::OwnFoods::listed));
+    addview->setOwnFoods(std::move(logged), first ? int(History::OwnFoods::listed) : 0);
 }
 
 void MainInterface::addSelectedFoods()

@@ -47,7 +47,7 @@ void OtherDay::show(QDate day)
         : apart < 0                      ? tr("%1 days before").arg(-apart)
                                          : tr("%1 days after").arg(apart);
     DaySheet::Day told;
-    told.title = QLocale().toString(day) + QStringLiteral(" \u2013 ") + distance;
+    told.title = QLocale::c().toString(day, QStringLiteral("ddd d MMM yyyy")) + QStringLiteral(" \u2013 ") + distance;
     for (const auto &food : controller.entriesOf(day)) {
         const QString amount = NumberText::fixed(double(food->curamount()), 2);
         told.entries.push_back(

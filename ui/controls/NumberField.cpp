@@ -19,6 +19,12 @@ QString NumberField::number() const
     return TypedNumber::withPeriod(text());
 }
 
+void NumberField::setNumber(const QString &number)
+{
+    setText(number);
+    judge();
+}
+
 void NumberField::judge()
 {
     const float value = NumberText::floatValue(number());

@@ -15,6 +15,8 @@ public:
 
     // The text, a fraction or a decimal comma written with a period.
     [[nodiscard]] QString number() const;
+    // Shows another number than the one that was typed, and judges it.
+    void setNumber(const QString &number);
 
 private:
     void judge();

@@ -143,8 +143,12 @@ void AddFoodSheet::sayChoice()
 {
     // The field keeps the focus, so it is from the field that a screen reader hears what is chosen.
     QStringList said{ui->hitslabel->text()};
-    if (ui->foodlist->currentIndex().isValid())
+    const QModelIndex current = ui->foodlist->currentIndex();
+    if (current.isValid())
         said << ui->preview->description();
+    if (current.isValid() && !tobeaddedshown)
+        said << current.data(FoodListModel::FiguresRole).toStringList().join(QStringLiteral(", "));
+    said.removeAll(QString());
     ui->searchfield->setAccessibleDescription(said.join(QStringLiteral(". ")));
 }
 

@@ -25,7 +25,7 @@ bool isTyped(const QKeyEvent &event)
         || (commands == Qt::NoModifier && !event.text().isEmpty() && event.text()[0].isPrint());
 }
 
-// Whether a key typed on the list "To be added" is meant for the amount, as in the log.
+// Whether a key typed on the list "To be added" or on the units is meant for the amount, as in the log.
 bool entersAmount(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_F2 || (isTyped(event) && !event.text().isEmpty() && event.text()[0].isDigit());
@@ -143,7 +143,7 @@ bool AddFoodSheet::listKeyPressed(QObject *list, QKeyEvent *event)
         removeFood();
         return true;
     }
-    if (list == ui->tobeaddedlist && entersAmount(*event)) {
+    if ((list == ui->tobeaddedlist || list == ui->preview->measures()) && entersAmount(*event)) {
         ui->preview->amountField()->setFocus();
         ui->preview->amountField()->selectAll();
         if (event->key() != Qt::Key_F2)

@@ -76,7 +76,9 @@ void AddFoodSheet::showAnswer()
     nohitslabel->setText(reads ? said : tr("No food matches what you typed.\nTry fewer words or letters."));
     nohitslabel->setVisible(hits == 0);
     if (const int unknown = foods->unknownCount(); foods->order() && unknown > 0) {
-        const QString nutrient = withinSentence(NutrientCatalogue::names()[foods->order()->nutrient]);
+        QString nutrient = withinSentence(NutrientCatalogue::names()[foods->order()->nutrient]);
+        if (foods->order()->basis == FoodsByNutrient::Basis::HundredKilocalories)
+            nutrient = tr("%1 in 100 kcal", "a nutrient").arg(nutrient); // where what has no energy has none either
         said += QStringLiteral("; ")
             + (unknown == 1 ? tr("1 food has no figure for %1").arg(nutrient)
                             : tr("%1 foods have no figure for %2").arg(unknown).arg(nutrient));

@@ -20,12 +20,9 @@ std::optional<Quantity> AddFoodSheet::quantityAt(int row) const
 {
     if (const auto place = entered.constFind(row); place != entered.constEnd())
         return *place;
-    if (foods->askedQuantity()) {
-        Composition composition;
-        static_cast<void>(composition.read(foods->nameAt(row))); // without a file there are grams
-        return Quantity::asked(*foods->askedQuantity(), composition);
-    }
-    return foods->saidQuantity(row);
+    const std::optional<Quantity> said = foods->saidQuantity(row);
+    // Who chooses a food again and says no quantity leaves it as it is on the list.
+    return said ? said : controller.quantityToBeAdded(int(controller.foodsToBeAdded().indexOf(foods->nameAt(row))));
 }
 
 QString AddFoodSheet::noteAt(int row) const
@@ -44,6 +41,8 @@ void AddFoodSheet::quantityChosen(const Quantity &quantity)
 {
     if (tobeaddedshown) {
         const int row = ui->tobeaddedlist->currentRow();
+        if (row < 0)
+            return;
         controller.setQuantityToBeAdded(row, quantity);
         showQuantityToBeAdded(row);
     } else if (ui->foodlist->currentIndex().isValid()) {
@@ -115,8 +114,10 @@ void AddFoodSheet::removeFood()
     const int left = ui->tobeaddedlist->count();
     ui->tobeaddedlist->setCurrentRow(std::min(row, left - 1));
     showChoice();
-    if (left == 0)
+    if (left == 0) {
+        showCurrentFood();
         ui->searchfield->setFocus();
+    }
 }
 
 void AddFoodSheet::accept()

@@ -46,7 +46,7 @@ void FoodListModel::setOwnFoods(const std::vector<LoggedFood> &foods, int listed
         if (int(ownlisted.size()) < listed)
             ownlisted.push_back(*place);
     }
-    search.setOwnFoods(usefulness);
+    search.setOwnFoods(listed > 0 ? usefulness : QHash<int, float>());
 }
 
 void FoodListModel::setQuery(const QString &query)
@@ -56,6 +56,7 @@ void FoodListModel::setQuery(const QString &query)
     const bool all = FoodSearch::isEmpty(query);
     hits.clear();
     nutrientrows.clear();
+    askedquantities.clear();
     if (ordered) {
         fillByNutrient(all ? nullptr : &found);
     } else {
@@ -99,11 +100,13 @@ const std::vector<FoodsByNutrient::Eaten> &FoodListModel::eatenFoods()
     eaten.emplace();
     for (auto food = own.keyBegin(); food != own.keyEnd(); ++food) {
         const std::optional<Quantity> last = lastQuantityOf(*food);
-        if (!last)
+        if (!last) {
+            eaten->push_back({*food, std::nullopt});
             continue;
+        }
         Composition composition;
         static_cast<void>(composition.read(foodnames[*food]));
-        eaten->push_back({*food, {last->value(), last->unit, composition.grams(last->value(), last->unit)}});
+        eaten->push_back({*food, Portion{last->value(), last->unit, composition.grams(last->value(), last->unit)}});
     }
     return *eaten;
 }
@@ -141,6 +144,8 @@ std::optional<Quantity> FoodListModel::lastQuantityOf(int index) const
 
 std::optional<Quantity> FoodListModel::saidQuantity(int row) const
 {
+    if (askedQuantity())
+        return askedAt(row).quantity;
     if (!ordered)
         return row < ownrows ? lastQuantity(row) : std::nullopt;
     if (ordered->basis != FoodsByNutrient::Basis::Portion)
@@ -199,11 +204,19 @@ QString FoodListModel::markAt(int row) const
 QString FoodListModel::saidAt(int row) const
 {
     if (ordered) {
-        const std::optional<Quantity> said = saidQuantity(row);
-        if (!said)
+        if (ordered->basis != FoodsByNutrient::Basis::Portion)
             return {};
-        const QString weight = gramsText(nutrientrows[static_cast<std::size_t>(row)].portion.grams);
-        return said->unitidx == 0 ? said->text() : said->text() + QStringLiteral(", ") + weight;
+        if (askedQuantity()) {
+            const Asked asked = askedAt(row);
+            const QString weight = gramsText(asked.grams);
+            const bool ingrams = !asked.quantity || asked.quantity->unitidx == 0;
+            return ingrams ? weight : asked.quantity->text() + QStringLiteral(", ") + weight;
+        }
+        // From the portion alone: reading the file of each row that is painted would slow each key down.
+        const Portion &portion = nutrientrows[static_cast<std::size_t>(row)].portion;
+        const bool ingrams = portion.unit == Portion().unit;
+        const QString said = quantityText(portion.amount, ingrams, portion.unit);
+        return ingrams ? said : said + QStringLiteral(", ") + gramsText(portion.grams);
     }
     // Below its own rows the list says of each food what it says to everybody, and adds it like that.
     if (row >= ownrows && ownrows > 0)
@@ -212,11 +225,27 @@ QString FoodListModel::saidAt(int row) const
     return last ? tr("%1, %2", "a day and a quantity").arg(lastTime(row), last->text()) : lastTime(row);
 }
 
+FoodListModel::Asked FoodListModel::askedAt(int row) const
+{
+    const auto known = askedquantities.constFind(foodAt(row));
+    if (known != askedquantities.constEnd())
+        return *known;
+    Composition composition;
+    static_cast<void>(composition.read(nameAt(row))); // without a file there are grams
+    Asked asked{Quantity::asked(*askedQuantity(), composition)};
+    if (asked.quantity)
+        asked.grams = composition.grams(asked.quantity->value(), asked.quantity->unit);
+    return *askedquantities.insert(foodAt(row), asked);
+}
+
 QStringList FoodListModel::figuresAt(int row) const
 {
     if (!ordered)
         return {};
-    const float amount = nutrientrows[static_cast<std::size_t>(row)].amount;
+    const FoodsByNutrient::Row &shown = nutrientrows[static_cast<std::size_t>(row)];
+    const bool another = askedQuantity() && ordered->basis == FoodsByNutrient::Basis::Portion;
+    const float amount
+        = another && shown.portion.grams > 0 ? shown.amount / shown.portion.grams * askedAt(row).grams : shown.amount;
     const float allowance = allowances[static_cast<std::size_t>(ordered->nutrient)];
     const QString unit = NutrientCatalogue::units()[ordered->nutrient];
     const QString share

@@ -50,8 +50,8 @@ public:
 
     explicit FoodListModel(const QStringList &names, QObject *parent = nullptr);
 
-    // The most useful first. So many of them, at most, are listed before all foods when there is no query. Counts from
-    // the next query on.
+    // The most useful first. So many of them, at most, are listed before all foods when there is no query; with 0 they
+    // come no earlier in an answer either. Counts from the next query on.
     void setOwnFoods(const std::vector<LoggedFood> &foods, int listed);
     // The next query is answered by the nutrient; by the likeliest first without an order. While the food files have
     // not been read that answer is empty.
@@ -75,7 +75,7 @@ public:
     // How much of the row's food was logged last, and when; nothing when it was not, or not in a unit that it has.
     [[nodiscard]] std::optional<Quantity> lastQuantity(int row) const;
     [[nodiscard]] QString lastTime(int row) const;
-    // How much of its food the row itself says; nothing where it says nothing.
+    // How much of its food the query asks for, or else the row itself says; nothing where nothing fits or is said.
     [[nodiscard]] std::optional<Quantity> saidQuantity(int row) const;
 
     [[nodiscard]] int rowCount(const QModelIndex &parent = {}) const override;
@@ -85,6 +85,12 @@ private:
     [[nodiscard]] int foodAt(int row) const { return hits[static_cast<std::size_t>(row)]; }
     [[nodiscard]] QString markAt(int row) const;
     [[nodiscard]] QString saidAt(int row) const;
+    // What the query asks for of the row's food, and what is added then weighs.
+    struct Asked {
+        std::optional<Quantity> quantity; // none when no unit of the food fits
+        float grams = 100.0F;
+    };
+    [[nodiscard]] Asked askedAt(int row) const;
     [[nodiscard]] QStringList figuresAt(int row) const;
     [[nodiscard]] std::optional<Quantity> lastQuantityOf(int food) const;
     [[nodiscard]] const std::vector<FoodsByNutrient::Eaten> &eatenFoods();
@@ -107,5 +113,6 @@ private:
     Allowances allowances{};
     std::vector<FoodsByNutrient::Row> nutrientrows; // as the hits, when they are ordered by a nutrient
     int unknown = 0;
+    mutable QHash<int, Asked> askedquantities; // by food, until the next query
     mutable QHash<int, std::optional<Quantity>> lastquantities; // a food's file is read when its row is first seen
 };

@@ -98,7 +98,7 @@ void FoodPreview::unitChosen(int unit)
 void FoodPreview::setAmount(const QString &amount)
 {
     const QSignalBlocker programmatic(ui->amountfield);
-    ui->amountfield->setText(amount);
+    ui->amountfield->setNumber(amount);
 }
 
 void FoodPreview::choose()

@@ -68,8 +68,12 @@ float Quantity::value() const
 
 QString Quantity::text() const
 {
-    const float number = value();
-    if (unitidx == 0)
+    return quantityText(value(), unitidx == 0, unit);
+}
+
+QString quantityText(float number, bool isgrams, const QString &unit)
+{
+    if (isgrams)
         return shownNumber(number) + u' ' + unit;
     return number == 1.0F ? unit : shownNumber(number) + QStringLiteral(" \u00d7 ") + unit;
 }

@@ -31,5 +31,7 @@ struct Quantity {
     bool operator==(const Quantity &) const = default;
 };
 
+// The same of an amount and a unit's title.
+[[nodiscard]] QString quantityText(float number, bool isgrams, const QString &unit);
 // "99 g", "226.8 g": whole grams as such, others with the one decimal that a kitchen scale shows.
 [[nodiscard]] QString gramsText(float grams);
