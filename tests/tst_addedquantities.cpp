@@ -94,7 +94,6 @@ private slots:
         open();
         type("apricots raw");
         clickUnit(3);
-        press(Qt::Key_Tab);
         type("1/2");
         QCOMPARE(text("amountlabel"), QStringLiteral("0.5 \u00d7 1 apricot, 17.5 g, 8 kcal"));
         press(Qt::Key_Return);
@@ -108,12 +107,33 @@ private slots:
         clickUnit(3);
         QCOMPARE(shownInFields(), QStringLiteral("1|1 apricot"));
         QCOMPARE(text("amountlabel"), QStringLiteral("1 apricot, 35 g, 17 kcal"));
-        QVERIFY(field()->hasFocus());
         clickUnit(0);
         QCOMPARE(shownInFields(), QStringLiteral("35|g"));
         clickUnit(1);
         press(Qt::Key_Return);
         QCOMPARE(handedOver(apricots), QStringLiteral("1|1 cup, halves"));
+    }
+
+    void whatIsTypedAfterAClickInThePreviewIsTheWholeAmount_data()
+    {
+        QTest::addColumn<bool>("onmeasure");
+        QTest::newRow("on a measure") << true;
+        QTest::newRow("in the amount") << false;
+    }
+
+    void whatIsTypedAfterAClickInThePreviewIsTheWholeAmount()
+    {
+        QFETCH(bool, onmeasure);
+        open();
+        type("apricots raw");
+        auto *amount = find<QLineEdit>("amountfield");
+        if (onmeasure)
+            clickUnit(3);
+        else
+            QTest::mouseClick(amount, Qt::LeftButton);
+        QVERIFY(amount->hasFocus());
+        type("3");
+        QCOMPARE(amount->text(), QStringLiteral("3"));
     }
 
     void aTypedAmountStaysWhenAnotherUnitIsChosen_data()
@@ -143,6 +163,7 @@ private slots:
         type("apricots");
         const QString first = current();
         clickUnit(1);
+        field()->setFocus();
         const QString entered = shownInFields();
         press(Qt::Key_Down);
         QCOMPARE(shownInFields(), QStringLiteral("100|g"));

@@ -8,8 +8,11 @@
 
 #include "ui_FoodPreview.h"
 
+#include <QFocusEvent>
 #include <QHeaderView>
 #include <QSignalBlocker>
+
+#include <utility>
 
 namespace {
 
@@ -34,6 +37,12 @@ FoodPreview::FoodPreview(QWidget *parent)
     connect(ui->amountfield, &QLineEdit::textChanged, this, &FoodPreview::choose); // typed, or composed
     connect(ui->measurelist, &QTreeWidget::currentItemChanged, this,
         [this](QTreeWidgetItem *item) { unitChosen(ui->measurelist->indexOfTopLevelItem(item)); });
+    // Whoever has clicked a measure types how many of it next.
+    connect(ui->measurelist, &QTreeWidget::itemClicked, this, [this] {
+        ui->amountfield->setFocus(Qt::OtherFocusReason);
+        ui->amountfield->selectAll();
+    });
+    ui->amountfield->installEventFilter(this);
 }
 
 FoodPreview::~FoodPreview() = default;
@@ -126,6 +135,17 @@ void FoodPreview::showFigures()
         said << gramsText(grams);
     said << ui->energyfigure->text();
     ui->amountlabel->setText(quantity ? said.join(QStringLiteral(", ")) : tr("In 100 g"));
+}
+
+// The click that gives the amount the keyboard takes all of it, as Tab does.
+bool FoodPreview::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        isclickedinto = static_cast<QFocusEvent *>(event)->reason() == Qt::MouseFocusReason;
+    if (event->type() == QEvent::MouseButtonRelease && std::exchange(isclickedinto, false)
+        && !ui->amountfield->hasSelectedText())
+        ui->amountfield->selectAll();
+    return QWidget::eventFilter(watched, event);
 }
 
 TextField *FoodPreview::amountField() const

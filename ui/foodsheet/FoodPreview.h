@@ -39,6 +39,8 @@ public:
     // What is shown, as a sentence for who does not see it.
     [[nodiscard]] QString description() const;
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     // The person has typed an amount or chosen a unit.
     void quantityChosen(const Quantity &quantity);
@@ -62,4 +64,5 @@ private:
     QString shown;
     Composition composition;
     std::optional<Quantity> quantity;
+    bool isclickedinto = false; // by the press whose release is to come
 };
