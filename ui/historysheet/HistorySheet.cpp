@@ -153,7 +153,7 @@ void HistorySheet::connectControls()
     connect(ui->closebutton, &QAbstractButton::clicked, this, &QDialog::reject);
 }
 
-void HistorySheet::openWith(Sources sources)
+void HistorySheet::openWith(Sources &&sources)
 {
     if (isVisible())
         return;

@@ -43,7 +43,7 @@ public:
 
     // Opens on the 30 days up to yesterday, of energy; again with the length, the nutrient and the view that it was
     // closed with, up to the present end. The view has the keyboard.
-    void openWith(Sources sources);
+    void openWith(Sources &&sources);
     void done(int result) override;
 
 signals:
