@@ -5,11 +5,9 @@
 
 #include <QMenu>
 
-#include <utility>
-
-void MenuItems::setCondition(QAction *action, std::function<bool()> doessomething)
+void MenuItems::setCondition(QAction *action, const std::function<bool()> &doessomething)
 {
-    conditions.insert(action, std::move(doessomething));
+    conditions.insert(action, doessomething);
 }
 
 void MenuItems::watch(QMenu *menu)

@@ -17,7 +17,7 @@ class QMenu;
 class MenuItems final : public QObject {
 public:
     // Whether choosing the command would do something.
-    void setCondition(QAction *action, std::function<bool()> doessomething);
+    void setCondition(QAction *action, const std::function<bool()> &doessomething);
     // To be called for each menu, once it has its items.
     void watch(QMenu *menu);
 

@@ -68,6 +68,8 @@ public:
 signals:
     // The owner adds what foodlistcontroller()->selectedObjects() says and closes the sheet by done(0).
     void addSelectedFoods();
+    // It is being painted that the food files are read, which comes next.
+    void readingSaid();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

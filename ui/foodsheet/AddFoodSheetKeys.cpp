@@ -10,6 +10,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <utility>
+
 namespace {
 
 bool isEnter(const QKeyEvent &event)
@@ -93,8 +95,8 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
             return amountKeyPressed(key);
         return watched == ui->searchfield ? fieldKeyPressed(key) : listKeyPressed(watched, key);
     }
-    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport() && readswhenpainted)
-        readFoods();
+    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport() && std::exchange(readswhenpainted, false))
+        emit readingSaid();
     // The preview shows the food of the list that the keyboard is in.
     if (event->type() == QEvent::FocusIn && watched == ui->tobeaddedlist)
         showFoodToBeAdded();

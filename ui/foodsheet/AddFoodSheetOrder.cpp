@@ -27,6 +27,7 @@ void AddFoodSheet::fillOrderBoxes()
     ui->basisbox->addItems({tr("a portion"), tr("100 g"), tr("100 kcal")}); // in the order of the bases
     for (QComboBox *box : {ui->nutrientbox, ui->basisbox})
         connect(box, &QComboBox::activated, this, &AddFoodSheet::orderChanged);
+    connect(this, &AddFoodSheet::readingSaid, this, &AddFoodSheet::readFoods, Qt::QueuedConnection);
 }
 
 void AddFoodSheet::orderByNutrient(int nutrient)
@@ -56,14 +57,8 @@ void AddFoodSheet::orderChanged()
 // After the paint event that says so, for the window shows nothing new while the files are read.
 void AddFoodSheet::readFoods()
 {
-    readswhenpainted = false;
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            foods->readFoods();
-            search(ui->searchfield->text());
-        },
-        Qt::QueuedConnection);
+    foods->readFoods();
+    search(ui->searchfield->text());
 }
 
 void AddFoodSheet::showAnswer()
