@@ -335,7 +335,10 @@ private slots:
     {
         HistorySheet sheet;
         const auto unreadable = [](const QString &, const QString &, const UserDefaults::Row &) { return false; };
-        sheet.openWith({std::make_unique<History::DayReader>(unreadable), {}, {}, today});
+        HistorySheet::Sources sources;
+        sources.reader = std::make_unique<History::DayReader>(unreadable);
+        sources.today = today;
+        sheet.openWith(std::move(sources));
         QCOMPARE(sheet.findChild<QLabel *>(QStringLiteral("periodlabel"))->text(),
             QStringLiteral("22 Oct to 20 Nov 2026: 0 of 30 days logged; the store could not be read whole"));
     }

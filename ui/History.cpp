@@ -16,6 +16,8 @@
 
 #include <QMainWindow>
 
+#include <utility>
+
 void MainInterface::connectHistory()
 {
     connect(main->actionhistory, &QAction::triggered, this, &MainInterface::openHistory);
@@ -43,8 +45,12 @@ void MainInterface::openHistory()
     if (history == nullptr)
         makeHistory();
     const UserDefaults &store = UserDefaults::standardUserDefaults();
-    history->openWith(
-        {std::make_unique<History::DayReader>(store), shownDay(), controller.rdas, LocalDay::dateOf(controller.now())});
+    HistorySheet::Sources sources;
+    sources.reader = std::make_unique<History::DayReader>(store);
+    sources.shown = shownDay();
+    sources.allowances = controller.rdas;
+    sources.today = LocalDay::dateOf(controller.now());
+    history->openWith(std::move(sources));
 }
 
 std::optional<QDate> MainInterface::loggedDay(bool later) const
