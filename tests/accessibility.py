@@ -310,9 +310,11 @@ def edit_log(program, log):
     until("the cup spoken in the menu", lambda: last_heard(pyatspi.ROLE_MENU_ITEM).name == "1 cup")
     press("Return")
     expect("the milk's unit", "1 cup", lambda: log.cell(0, 2).name)
+    expect("the focus after the unit was chosen", "Foods of the day", lambda: focused(program, MAIN))
 
 
 def write_amounts(log):
+    heard.clear()
     press("Down", "F2")  # the egg, in place of whose amount the following is typed
     field = until("the amount's field", lambda: last_heard(pyatspi.ROLE_TEXT))
     write("0")
