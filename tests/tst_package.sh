@@ -34,7 +34,7 @@ cmp "$build/package/packaged" "$build/package/wanted" || fail 'the food files ar
 for file in usr/bin/provender usr/bin/provender-export usr/share/applications/org.provender.Provender.desktop \
     usr/share/metainfo/org.provender.Provender.metainfo.xml usr/share/man/man1/provender.1.gz \
     usr/share/man/man1/provender-export.1.gz \
-    usr/share/doc/provender/copyright usr/share/doc/provender/changelog.gz \
+    usr/share/doc/provender/copyright usr/share/doc/provender/changelog.gz usr/share/doc/provender/NEWS.gz \
     usr/share/icons/hicolor/scalable/apps/org.provender.Provender.svg; do
     [[ -f $root/$file ]] || fail "$file is not in the package"
 done
@@ -50,7 +50,9 @@ version=$(dpkg-deb -f "$package" Version)
 [[ $(zcat "$root/usr/share/doc/provender/changelog.gz" | head -n 1) == "provender ($version) "* ]] ||
     fail "the change log does not begin with version $version"
 grep -q "<release version=\"$version\"" "$root/usr/share/metainfo/org.provender.Provender.metainfo.xml" ||
-    fail "the release notes lack version $version"
+    fail "the metainfo file lacks version $version"
+[[ $(zgrep -m 1 '^## ' "$root/usr/share/doc/provender/NEWS.gz") == "## $version,"* ]] ||
+    fail "the release notes do not begin with version $version"
 for page in provender provender-export; do
     [[ $(zcat "$root/usr/share/man/man1/$page.1.gz") == *"\"Provender $version\""* ]] ||
         fail "the manual page of $page is not of version $version"
