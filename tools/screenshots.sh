@@ -48,4 +48,4 @@ for kind in day dark; do
         done
     done
 done
-cp "$pictures"/{main,dark,add-food,preferences,history}.png "$shown"
+cp "$pictures"/{main,dark,add-food,another-day,foods-by-iron,preferences,history}.png "$shown"

@@ -156,14 +156,18 @@ void takeOtherDay(Day &day, Pictures &pictures, const QString &name)
 
 void takeSheets(Day &day, Pictures &pictures)
 {
-    day.addFood();
+    day.window->findChild<QAction *>(QStringLiteral("actionaddfood"))->trigger();
     QWidget &field = *day.addview->findChild<QLineEdit *>(QStringLiteral("searchfield"));
-    Pictures::type(field, QStringLiteral("carrots raw"));
-    Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
-    Pictures::type(field, QStringLiteral("hummus"));
-    Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
-    Pictures::type(field, QStringLiteral("chees ched"));
+    pictures.take(*day.addview, QStringLiteral("own-foods"));
+    for (const char *kept : {"80 g carrots raw", "2 tbsp hummus"}) {
+        Pictures::type(field, QLatin1String(kept));
+        Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
+    }
+    Pictures::type(field, QStringLiteral("3 eggs"));
     pictures.take(*day.addview, QStringLiteral("add-food"));
+    Pictures::press(field, Qt::Key_Escape, QString());
+    day.addview->orderByNutrient(NutrientCatalogue::indexOfNutrient("Iron"));
+    pictures.take(*day.addview, QStringLiteral("foods-by-iron"));
     day.addview->reject();
     takeOtherDay(day, pictures, QStringLiteral("another-day"));
     day.showPrefs();
