@@ -84,11 +84,21 @@ private slots:
         QVERIFY(openMenu() == nullptr);
     }
 
-    void theMenuKeyOpensTheFramedRowsMenuBesideIt()
+    void theMenuKeysOpenTheFramedRowsMenuBesideIt_data()
     {
+        QTest::addColumn<bool>("byfunctionkey");
+        QTest::newRow("the menu key") << false;
+        QTest::newRow("Shift+F10") << true;
+    }
+    void theMenuKeysOpenTheFramedRowsMenuBesideIt()
+    {
+        QFETCH(const bool, byfunctionkey);
         run->add({A, B, C});
         frame(1);
-        pressMenuKey(log());
+        if (byfunctionkey)
+            QTest::keyClick(log(), Qt::Key_F10, Qt::ShiftModifier);
+        else
+            pressMenuKey(log());
         QVERIFY(openMenu() != nullptr);
         const QRect row = log()->visualRect(log()->model()->index(1, 0));
         QCOMPARE(openMenu()->pos(), log()->viewport()->mapToGlobal(row.bottomLeft()));

@@ -42,6 +42,11 @@ bool isMenuKey(const QKeyEvent *event)
         || (event->key() == Qt::Key_Down && modifiersOf(event) == Qt::AltModifier);
 }
 
+bool isRowMenuKey(const QKeyEvent *event)
+{
+    return event->key() == Qt::Key_F10 && modifiersOf(event) == Qt::ShiftModifier;
+}
+
 bool isEditKey(const QKeyEvent *event)
 {
     const int key = event->key();
@@ -76,9 +81,15 @@ void TableView::keyPressEvent(QKeyEvent *event)
     if (isClipboardKey(event))
         return;
     // A key still held from what it did before does nothing else.
-    if (event->isAutoRepeat() && (isDeselectKey(event) || isMenuKey(event) || isEditKey(event) || beginsNumber(event)))
+    if (event->isAutoRepeat()
+        && (isDeselectKey(event) || isMenuKey(event) || isRowMenuKey(event) || isEditKey(event) || beginsNumber(event)))
         return;
     const QModelIndex current = currentIndex();
+    if (isRowMenuKey(event)) { // Qt makes this of the menu key alone
+        QContextMenuEvent wanted(QContextMenuEvent::Keyboard, {}, {});
+        contextMenuEvent(&wanted);
+        return;
+    }
     if (isDeselectKey(event)) {
         event->setAccepted(rowselection->hasSelection());
         rowselection->clearSelection();
