@@ -19,8 +19,8 @@ constexpr QLatin1String amountkey("amount");
 constexpr QLatin1String unitkey("unit");
 constexpr QLatin1String unitidxkey("unitidx");
 
-// To learn a form costs more than taking a record apart: a month's records are read sooner without.
-constexpr int usualmonth = 1000;
+// To learn a form takes as long as taking twenty records apart: a year of them is read sooner without.
+constexpr int usualyear = 8000;
 constexpr int enoughstrange = 1000;
 // What is looked through for one record, at the most, and what is kept of it.
 constexpr std::size_t mostformsofasize = 64;
@@ -81,7 +81,7 @@ std::optional<Food> FoodRecord::Reader::unarchiveObjectWithData(const QByteArray
         }
     }
     std::optional<Food> food = FoodRecord::unarchiveObjectWithData(data);
-    if (food && ++takenapart > usualmonth && strange < enoughstrange && !learn(*food, data))
+    if (food && ++takenapart > usualyear && strange < enoughstrange && !learn(*food, data))
         ++strange;
     return food;
 }

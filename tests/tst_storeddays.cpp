@@ -109,7 +109,7 @@ private slots:
         const QStringList names{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("a \"B\" and more letters")};
         const QStringList units{QStringLiteral("ab"), QStringLiteral("cd"), QStringLiteral("1 cup")};
         FoodRecord::Reader reader;
-        for (int i = 0; i < 5000; ++i) {
+        for (int i = 0; i < 14000; ++i) {
             Food food(names[random.bounded(3)]);
             food.setCurunit(random.bounded(5) == 0 ? std::nullopt : std::optional(units[random.bounded(3)]));
             food.setCurunitidx(random.bounded(3) - 1);
