@@ -7,7 +7,6 @@
 #include "history/Figures.h"
 #include "model/StoredDay.h"
 #include "platform/LocalDay.h"
-#include "platform/PropertyList.h"
 
 #include <algorithm>
 
@@ -73,12 +72,12 @@ bool ExportedDays::writeEntries(Format format, std::FILE *file) const
             + nutrientColumns(),
         file);
     // The history keeps what an entry weighs, not how that was put, so each day is read once more.
+    FoodRecord::Reader records;
     for (const History::Day &day : days.ofPeriod()) {
         const QString key = LocalDay::key(day.date);
         StoredDay stored;
-        log.scan(key, key, [&](const QString &, const QByteArray &value) {
-            stored = StoredDay::of(PropertyList::read(value).value_or(QVariant()));
-        });
+        log.scan(
+            key, key, [&](const QString &, const QByteArray &value) { stored = StoredDay::ofStored(value, records); });
         const std::span<const History::Entry> entries = days.entriesOf(day);
         Q_ASSERT(entries.size() == stored.foods.size());
         for (std::size_t i = 0; i < entries.size(); ++i) {

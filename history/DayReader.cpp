@@ -5,7 +5,6 @@
 
 #include "model/StoredDay.h"
 #include "platform/LocalDay.h"
-#include "platform/PropertyList.h"
 
 #include <algorithm>
 #include <utility>
@@ -30,30 +29,6 @@ QVariant listOf(const ShownDay &shown)
     return items;
 }
 
-// Every day of the range that has a value, in order; the shown one with its own. False when some could not be read.
-bool eachDay(const DayReader::Scan &scan, const Period &range, const std::optional<ShownDay> &shown,
-    const std::function<void(QDate date, const QVariant &value)> &each)
-{
-    bool iswaiting = shown && range.contains(shown->date);
-    const auto handOverShown = [&] {
-        iswaiting = false;
-        each(shown->date, listOf(*shown));
-    };
-    const auto take = [&](const QString &key, const QByteArray &value) {
-        const std::optional<QDate> date = LocalDay::dateOfKey(key);
-        if (!date)
-            return; // a kept copy of a day lies between the days
-        if (iswaiting && *date >= shown->date)
-            handOverShown();
-        if (!shown || *date != shown->date)
-            each(*date, PropertyList::read(value).value_or(QVariant()));
-    };
-    const bool iswhole = scan(LocalDay::key(range.first), LocalDay::key(range.last), take);
-    if (iswaiting)
-        handOverShown();
-    return iswhole;
-}
-
 } // namespace
 
 DayReader::DayReader(const UserDefaults &prefs)
@@ -66,6 +41,29 @@ DayReader::DayReader(Scan rows)
     : scan(std::move(rows))
     , foods(std::make_shared<Foods>())
 { }
+
+bool DayReader::eachDay(const Period &range, const std::optional<ShownDay> &shown,
+    const std::function<void(QDate date, const StoredDay &day)> &each)
+{
+    bool iswaiting = shown && range.contains(shown->date);
+    const auto handOverShown = [&] {
+        iswaiting = false;
+        each(shown->date, StoredDay::of(listOf(*shown)));
+    };
+    const auto take = [&](const QString &key, const QByteArray &value) {
+        const std::optional<QDate> date = LocalDay::dateOfKey(key);
+        if (!date)
+            return; // a kept copy of a day lies between the days
+        if (iswaiting && *date >= shown->date)
+            handOverShown();
+        if (!shown || *date != shown->date)
+            each(*date, StoredDay::ofStored(value, records));
+    };
+    const bool iswhole = scan(LocalDay::key(range.first), LocalDay::key(range.last), take);
+    if (iswaiting)
+        handOverShown();
+    return iswhole;
+}
 
 Days DayReader::read(const Period &period, const std::optional<ShownDay> &shown)
 {
@@ -92,13 +90,12 @@ Days DayReader::readOnly(const Period &period, const std::optional<ShownDay> &sh
 Days DayReader::readRange(const Period &range, const std::optional<ShownDay> &shown)
 {
     Days days{range, {}, {}, foods};
-    days.iswhole = eachDay(scan, range, shown, [&](QDate date, const QVariant &value) { add(days, date, value); });
+    days.iswhole = eachDay(range, shown, [&](QDate date, const StoredDay &day) { add(days, date, day); });
     return days;
 }
 
-void DayReader::add(Days &days, QDate date, const QVariant &value)
+void DayReader::add(Days &days, QDate date, const StoredDay &stored)
 {
-    const StoredDay stored = StoredDay::of(value);
     if (stored.foods.empty())
         return;
     Day day{date, days.entries.size(), static_cast<qsizetype>(stored.foods.size()), {}};
@@ -113,6 +110,22 @@ void DayReader::add(Days &days, QDate date, const QVariant &value)
 }
 
 int DayReader::placeOf(const std::optional<QString> &name)
+{
+    // The reader of records hands out one text again and again. To know it by its place in memory takes a third of
+    // what the look at all its letters takes.
+    const bool isshared = name && !name->isDetached();
+    if (isshared) {
+        const auto known = sharednames.constFind(name->constData());
+        if (known != sharednames.constEnd())
+            return known->place;
+    }
+    const int place = placeByName(name);
+    if (isshared)
+        sharednames.insert(name->constData(), {*name, place});
+    return place;
+}
+
+int DayReader::placeByName(const std::optional<QString> &name)
 {
     const int place = name ? places.value(*name, -1) : namelessplace;
     if (place >= 0)
@@ -134,8 +147,8 @@ std::optional<QDate> DayReader::loggedBefore(QDate date, const std::optional<Sho
     QDate end = date;
     for (int length = 1; !found && end > LocalDay::firstDate(); length *= 4) {
         const Period range = clipped(end.addDays(-length), end.addDays(-1));
-        eachDay(scan, range, shown, [&](QDate day, const QVariant &value) {
-            if (!StoredDay::of(value).foods.empty())
+        eachDay(range, shown, [&](QDate day, const StoredDay &stored) {
+            if (!stored.foods.empty())
                 found = day;
         });
         end = range.first;
@@ -149,8 +162,8 @@ std::optional<QDate> DayReader::loggedAfter(QDate date, const std::optional<Show
     QDate begin = date;
     for (int length = 1; !found && begin < LocalDay::lastDate(); length *= 4) {
         const Period range = clipped(begin.addDays(1), begin.addDays(length));
-        eachDay(scan, range, shown, [&](QDate day, const QVariant &value) {
-            if (!found && !StoredDay::of(value).foods.empty())
+        eachDay(range, shown, [&](QDate day, const StoredDay &stored) {
+            if (!found && !stored.foods.empty())
                 found = day;
         });
         begin = range.last;

@@ -4,12 +4,15 @@
 #pragma once
 
 #include "history/Days.h"
+#include "model/FoodRecord.h"
 #include "platform/UserDefaults.h"
 
 #include <QByteArray>
 #include <QHash>
 
 #include <functional>
+
+struct StoredDay;
 
 namespace History {
 
@@ -50,13 +53,24 @@ public:
     [[nodiscard]] std::optional<QDate> loggedAfter(QDate date, const std::optional<ShownDay> &shown = {});
 
 private:
+    // Every day of the range that has a value, in order; the shown one with its own. False when some could not be read.
+    bool eachDay(const Period &range, const std::optional<ShownDay> &shown,
+        const std::function<void(QDate date, const StoredDay &day)> &each);
     [[nodiscard]] Days readRange(const Period &range, const std::optional<ShownDay> &shown);
-    void add(Days &days, QDate date, const QVariant &value);
+    void add(Days &days, QDate date, const StoredDay &stored);
     [[nodiscard]] int placeOf(const std::optional<QString> &name);
+    [[nodiscard]] int placeByName(const std::optional<QString> &name);
+
+    struct SharedName {
+        QString name; // kept, so that no other text comes to lie where it lies
+        int place;
+    };
 
     Scan scan;
+    FoodRecord::Reader records;
     std::shared_ptr<Foods> foods;
     QHash<QString, int> places; // in `foods`, by name
+    QHash<const QChar *, SharedName> sharednames;
     int namelessplace = -1;
 };
 

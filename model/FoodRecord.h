@@ -6,8 +6,10 @@
 #include "model/Food.h"
 
 #include <QByteArray>
+#include <QHash>
 
 #include <optional>
+#include <vector>
 
 // The food record: what the store keeps of a log entry, as a keyed archive of the class "Food" with the keys "name",
 // "amount", "unit" and "unitidx". Units and nutrients come from the food's file again.
@@ -17,5 +19,28 @@ namespace FoodRecord {
 
 // The food that a record describes, not loaded yet; nothing when the data is no keyed archive of a Food.
 [[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);
+
+// The same for whoever reads thousands of records, of which most name a food and a unit that came before. A record that
+// this program wrote is told apart from another of the same food and unit by the four bytes of its amount alone, so
+// only the first of them is taken apart.
+class Reader final {
+public:
+    [[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);
+
+private:
+    // What records of one food and unit look like.
+    struct Form {
+        QByteArray data; // one of them
+        qsizetype amountplace; // where the four bytes of the amount stand in each
+        Food food;
+    };
+
+    // False when the record is none that this program would write.
+    bool learn(const Food &food, const QByteArray &data);
+
+    QHash<qsizetype, std::vector<Form>> forms; // by the size of the record
+    int takenapart = 0;
+    int strange = 0;
+};
 
 } // namespace FoodRecord

@@ -3,7 +3,7 @@
 
 #include "model/StoredDay.h"
 
-#include "model/FoodRecord.h"
+#include "platform/PropertyList.h"
 
 #include <QHash>
 #include <QSet>
@@ -23,14 +23,11 @@ std::optional<Food> foodOf(const QVariant &item)
                                                   : std::nullopt;
 }
 
-} // namespace
-
-StoredDay StoredDay::of(const QVariant &value)
+// The entries of a list whose items give themselves up by `foodOf`, and what is kept of one that is no food by `kept`.
+template <typename Items, typename FoodOf, typename Kept>
+StoredDay dayOf(const Items &items, const FoodOf &foodOf, const Kept &kept)
 {
     StoredDay day;
-    if (value.typeId() != QMetaType::QVariantList)
-        return day;
-    const QVariantList items = value.toList();
     day.foods.reserve(static_cast<std::size_t>(std::min(items.size(), mostreserved)));
     QSet<QString> names;
     const auto isKnown = [&](const QString &name) {
@@ -41,10 +38,10 @@ StoredDay StoredDay::of(const QVariant &value)
         names.insert(name);
         return names.size() == former;
     };
-    for (const QVariant &item : items) {
+    for (const auto &item : items) {
         std::optional<Food> food = foodOf(item);
         if (!food) {
-            day.unread.append(item);
+            day.unread.append(kept(item));
             continue;
         }
         if (food->name() && isKnown(*food->name())) // an absent name equals no name
@@ -52,6 +49,25 @@ StoredDay StoredDay::of(const QVariant &value)
         day.foods.push_back(*std::move(food));
     }
     return day;
+}
+
+} // namespace
+
+StoredDay StoredDay::of(const QVariant &value)
+{
+    if (value.typeId() != QMetaType::QVariantList)
+        return {};
+    return dayOf(value.toList(), foodOf, [](const QVariant &item) { return item; });
+}
+
+StoredDay StoredDay::ofStored(const QByteArray &bytes, FoodRecord::Reader &reader)
+{
+    const std::optional<QList<QByteArray>> records = PropertyList::readDataInPlace(bytes);
+    if (!records)
+        return of(PropertyList::read(bytes).value_or(QVariant()));
+    return dayOf(
+        *records, [&](const QByteArray &record) { return reader.unarchiveObjectWithData(record); },
+        [](const QByteArray &record) { return QByteArray(record.constData(), record.size()); });
 }
 
 UserDefaults::Joined StoredDay::joined(const QVariantList &stored, const QVariantList &mine)

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "model/Food.h"
+#include "model/FoodRecord.h"
 #include "platform/UserDefaults.h"
 
 #include <vector>
@@ -16,6 +16,8 @@ struct StoredDay {
 
     // Empty for a value that is no list.
     [[nodiscard]] static StoredDay of(const QVariant &value);
+    // The same of the store's bytes, for whoever reads many days with one reader: no record is copied on the way.
+    [[nodiscard]] static StoredDay ofStored(const QByteArray &bytes, FoodRecord::Reader &reader);
 
     // The day of a run that could not read the stored one, joined with that: the stored entries as they are, those of
     // `mine` after them whose names they have not, items that are no record last. Not whole when an entry of `mine` was

@@ -207,6 +207,14 @@ std::optional<QByteArray> Document::data(Reference reference) const
     return bytes.mid(static_cast<qsizetype>(found.offset), static_cast<qsizetype>(found.count));
 }
 
+std::optional<QByteArray> Document::dataInPlace(Reference reference) const
+{
+    const Object found = object(reference);
+    if (found.kind != Kind::Data)
+        return {};
+    return QByteArray::fromRawData(bytes.constData() + found.offset, static_cast<qsizetype>(found.count));
+}
+
 std::optional<QString> Document::string(Reference reference) const
 {
     const Object found = object(reference);

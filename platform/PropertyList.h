@@ -61,6 +61,9 @@ public:
     // The first entry of that key; nothing when there is none or the object is no dictionary.
     [[nodiscard]] std::optional<Reference> valueForKey(Reference dictionary, QLatin1String key) const;
 
+    // The data's bytes where they stand in what was parsed, and valid as long as that; nothing for another kind.
+    [[nodiscard]] std::optional<QByteArray> dataInPlace(Reference object) const;
+
 private:
     struct Object {
         Kind kind = Kind::Unknown;
@@ -118,6 +121,10 @@ private:
 // than the limit, or when its objects share each other so that the value would be far larger than the document. A date
 // beyond the years that QDateTime can count is no value either.
 [[nodiscard]] std::optional<QVariant> read(const QByteArray &bytes);
+
+// The elements of a document that is an array of nothing but data, in place: valid as long as `bytes`. Nothing for any
+// other document, and for one whose elements share their bytes.
+[[nodiscard]] std::optional<QList<QByteArray>> readDataInPlace(const QByteArray &bytes);
 
 // The document of a value; nothing when the value is of a kind that has no place in one or nests deeper than the limit.
 // Dates keep milliseconds.

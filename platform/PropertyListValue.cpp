@@ -193,6 +193,22 @@ std::optional<QVariant> read(const QByteArray &bytes)
     return Expansion(*document, bytes.size()).value(document->root(), 0);
 }
 
+std::optional<QList<QByteArray>> readDataInPlace(const QByteArray &bytes)
+{
+    const std::optional<Document> document = Document::parse(bytes);
+    if (!document || document->kind(document->root()) != Kind::Array)
+        return {};
+    QList<QByteArray> elements;
+    qsizetype left = bytes.size();
+    for (quint64 i = 0, count = document->count(document->root()); i < count; ++i) {
+        const std::optional<QByteArray> data = document->dataInPlace(document->element(document->root(), i));
+        if (!data || (left -= data->size()) < 0)
+            return {};
+        elements.append(*data);
+    }
+    return elements;
+}
+
 std::optional<QByteArray> write(const QVariant &value)
 {
     Writer writer;

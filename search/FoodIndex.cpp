@@ -54,23 +54,23 @@ public:
         : name(foodname)
     { }
 
-    quint8 partOf(const FoodWords::Token &word)
+    quint8 partOf(std::string_view word, int start, int length)
     {
-        for (; end < word.start; ++end) {
+        for (; end < start; ++end) {
             const QChar mark = name[end];
             aside = mark == u'(' || (aside && mark != u')');
             if (mark == u',' || mark == u';' || mark == u'(' || mark == u')')
                 ++part;
         }
-        end = word.start + word.length;
-        if (word.text == "with" || word.text == "in")
+        end = start + length;
+        if (word == "with" || word == "in")
             ++part;
         return static_cast<quint8>(part * 2 + (aside ? asidebit : 0));
     }
 
 private:
     const QString &name;
-    qsizetype end = 0;
+    int end = 0;
     int part = 0;
     bool aside = false;
 };
@@ -107,22 +107,23 @@ void FoodIndex::takeApart(const QStringList &foodnames, std::vector<quint8> &par
         Name name;
         name.first = static_cast<quint32>(namewords.size());
         PartCounter counter(foodname);
-        for (const FoodWords::Token &word : FoodWords::tokenize(foodname)) {
-            const auto fresh = static_cast<quint16>(words.size());
-            auto number = numbers.find(word.text);
-            if (number == numbers.end()) {
+        FoodWords::eachToken(foodname, [&](std::string_view text, int start, int length) {
+            // Looked for in place: most words were there before.
+            auto number = numbers.constFind(QByteArray::fromRawData(text.data(), static_cast<qsizetype>(text.size())));
+            if (number == numbers.cend()) {
                 Q_ASSERT(words.size() < std::numeric_limits<quint16>::max());
-                number = numbers.insert(word.text, fresh);
-                words.emplace_back().text = word.text;
+                const QByteArray word(text.data(), static_cast<qsizetype>(text.size()));
+                number = numbers.insert(word, static_cast<quint16>(words.size()));
+                words.emplace_back().text = word;
                 uses.push_back(0);
                 capitals.push_back(0);
             }
             ++uses[*number];
-            capitals[*number] += isInCapitals(QStringView(foodname).mid(word.start, word.length)) ? 1 : 0;
-            parts.push_back(counter.partOf(word));
-            namewords.push_back({*number, static_cast<quint8>(word.start), static_cast<quint8>(word.length)});
+            capitals[*number] += isInCapitals(QStringView(foodname).mid(start, length)) ? 1 : 0;
+            parts.push_back(counter.partOf(text, start, length));
+            namewords.push_back({*number, static_cast<quint8>(start), static_cast<quint8>(length)});
             ++name.count;
-        }
+        });
         indexed.push_back(name);
     }
     sortVocabulary(uses, capitals);

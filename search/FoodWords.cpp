@@ -24,16 +24,25 @@ struct SpecialLetter {
 constexpr std::array<SpecialLetter, 5> specialletters{
     {{u'\u00df', "ss"}, {u'\u00e6', "ae"}, {u'\u00f8', "o"}, {u'\u0142', "l"}, {u'\u0153', "oe"}}};
 
+// The letter or digit that an ASCII character stands for in a word, or 0.
+constexpr std::array<char, 0x80> plainletters = [] {
+    std::array<char, 0x80> table{};
+    for (std::size_t i = 0; i < 26; ++i)
+        table['a' + i] = table['A' + i] = static_cast<char>('a' + i);
+    for (std::size_t i = 0; i < 10; ++i)
+        table['0' + i] = static_cast<char>('0' + i);
+    return table;
+}();
+
 // Adds the letters that a character stands for in a word; answers whether there were any.
 bool addPlainLetters(std::string &letters, QChar character)
 {
     const char16_t code = character.unicode();
-    if (code < 0x80) { // all of every food's name
-        const bool capital = code >= u'A' && code <= u'Z';
-        if (!capital && !(code >= u'a' && code <= u'z') && !(code >= u'0' && code <= u'9'))
-            return false;
-        letters += static_cast<char>(capital ? code + 0x20 : code);
-        return true;
+    if (code < plainletters.size()) { // all of every food's name
+        const char letter = plainletters[code];
+        if (letter != 0)
+            letters += letter;
+        return letter != 0;
     }
     const auto special = std::find_if(specialletters.begin(), specialletters.end(),
         [lower = character.toLower()](const SpecialLetter &letter) { return letter.character == lower; });
@@ -70,26 +79,35 @@ quint64 lettersOf(const QByteArray &word)
 
 } // namespace
 
-std::vector<FoodWords::Token> FoodWords::tokenize(QStringView text)
+void FoodWords::eachToken(QStringView text, const TokenReader &read)
 {
-    std::vector<Token> words;
     std::string letters; // most words fit into it without an allocation
+    int start = 0;
+    int end = 0;
     const auto finish = [&] {
         if (!letters.empty())
-            words.back().text = QByteArray(letters.data(), static_cast<qsizetype>(letters.size()));
+            read(letters, start, end - start);
         letters.clear();
     };
-    for (qsizetype at = 0; at < text.size(); ++at) {
+    for (int at = 0; at < text.size(); ++at) {
         const bool first = letters.empty();
         if (addPlainLetters(letters, text[at])) {
             if (first)
-                words.push_back({QByteArray(), static_cast<int>(at), 0});
-            words.back().length = static_cast<int>(at) + 1 - words.back().start;
+                start = at;
+            end = at + 1;
         } else if (!joinsLetters(text[at]) && !joinsInitials(text, at, letters.size())) {
             finish();
         }
     }
     finish();
+}
+
+std::vector<FoodWords::Token> FoodWords::tokenize(QStringView text)
+{
+    std::vector<Token> words;
+    eachToken(text, [&](std::string_view letters, int start, int length) {
+        words.push_back({QByteArray(letters.data(), static_cast<qsizetype>(letters.size())), start, length});
+    });
     return words;
 }
 

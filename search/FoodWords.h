@@ -6,6 +6,8 @@
 #include <QByteArray>
 #include <QStringView>
 
+#include <functional>
+#include <string_view>
 #include <vector>
 
 // The tokens that the food search compares: lower case, ASCII, letters and digits only, an apostrophe swallowed
@@ -22,6 +24,9 @@ struct Token {
 };
 
 [[nodiscard]] std::vector<Token> tokenize(QStringView text);
+// The same one after another, for whoever goes through thousands of names: the text is valid during the call alone.
+using TokenReader = std::function<void(std::string_view text, int start, int length)>;
+void eachToken(QStringView text, const TokenReader &read);
 
 // The plural of a singular and the singular of a plural, as far as spelling tells (-s, -es, -ies and -y, -ves and -f,
 // -oes and -o), the word itself left out. Some of the answers are no words: ask a vocabulary which ones are. A stemmer

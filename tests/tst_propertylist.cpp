@@ -80,6 +80,27 @@ class PropertyListTest final : public QObject {
     Q_OBJECT
 
 private slots:
+    void dataIsReadInPlaceFromAnArrayOfNothingElse()
+    {
+        const QVariantList list{QByteArray("ab"), QByteArray(), QByteArray(300, 'c')};
+        const QByteArray bytes = PropertyList::write(list).value();
+        const auto elements = PropertyList::readDataInPlace(bytes);
+        QVERIFY(elements);
+        QCOMPARE(QVariantList(elements->begin(), elements->end()), list);
+        for (const QByteArray &element : *elements)
+            QVERIFY(element.isEmpty()
+                || (element.constData() > bytes.constData() && element.constEnd() < bytes.constEnd()));
+
+        for (const QVariant &other : {QVariant(QByteArray("ab")), QVariant(QVariantMap()),
+                 QVariant(QVariantList{QByteArray("ab"), QStringLiteral("ab")})})
+            QVERIFY(!PropertyList::readDataInPlace(PropertyList::write(other).value()));
+        QVERIFY(!PropertyList::readDataInPlace(bytes.chopped(1)));
+
+        Writer sharing;
+        const Reference data = sharing.addData(QByteArray(100, 'd'));
+        QVERIFY(!PropertyList::readDataInPlace(sharing.document(sharing.addArray({data, data, data}))));
+    }
+
     void whatIsWrittenIsReadBack_data()
     {
         QTest::addColumn<QVariant>("value");

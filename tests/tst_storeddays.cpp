@@ -6,6 +6,7 @@
 #include "model/FoodRecord.h"
 #include "model/StoredDay.h"
 #include "platform/LocalDay.h"
+#include "platform/PropertyList.h"
 #include "tests/support/Run.h"
 
 #include <QRandomGenerator>
@@ -97,6 +98,59 @@ private slots:
         }
         QVERIFY(repeated > 100);
         QVERIFY(unread > 100);
+    }
+
+    // Thousands of records of few foods, so that all the reader has learnt comes into play.
+    void whatOneReaderReadsIsWhatEachRecordSaysAlone()
+    {
+        QFile file(QStringLiteral(DATA_DIR "/records/apple.record"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray foreign = file.readAll();
+        const QStringList names{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("a \"B\" and more letters")};
+        const QStringList units{QStringLiteral("ab"), QStringLiteral("cd"), QStringLiteral("1 cup")};
+        FoodRecord::Reader reader;
+        for (int i = 0; i < 14000; ++i) {
+            Food food(names[random.bounded(3)]);
+            food.setCurunit(random.bounded(5) == 0 ? std::nullopt : std::optional(units[random.bounded(3)]));
+            food.setCurunitidx(random.bounded(3) - 1);
+            food.setCuramount(std::bit_cast<float>(random.generate()));
+            QByteArray record = FoodRecord::archivedDataWithRootObject(food);
+            if (random.bounded(10) == 0) // damaged somewhere, the class and the offsets included
+                record[random.bounded(int(record.size()))] = char(random.bounded(256));
+            else if (random.bounded(10) == 0)
+                record = QByteArray(foreign).replace("\x42\xc8", QByteArray::number(10 + random.bounded(90)));
+            const std::optional<Food> alone = FoodRecord::unarchiveObjectWithData(record);
+            const std::optional<Food> read = reader.unarchiveObjectWithData(record);
+            QCOMPARE(read.has_value(), alone.has_value());
+            if (!read)
+                continue;
+            QCOMPARE(read->name(), alone->name());
+            QCOMPARE(bitsOf(read->curamount()), bitsOf(alone->curamount()));
+            QCOMPARE(read->curunit(), alone->curunit());
+            QCOMPARE(read->curunitidx(), alone->curunitidx());
+        }
+    }
+
+    void aDayOfTheStoresBytesIsTheDayOfItsValue()
+    {
+        FoodRecord::Reader reader;
+        const QStringList names = FoodCatalogue::foodNames().mid(0, 40);
+        for (int i = 0; i < 200; ++i) {
+            QVariant value = someDay(names);
+            if (i % 10 == 0)
+                value = QVariantMap{{QStringLiteral("a"), value}};
+            QByteArray bytes = PropertyList::write(value).value();
+            if (i % 10 == 1)
+                bytes.chop(1);
+            const StoredDay expected = StoredDay::of(PropertyList::read(bytes).value_or(QVariant()));
+            StoredDay day = StoredDay::ofStored(bytes, reader);
+            bytes.fill('x'); // nothing of the day lies in them
+            QCOMPARE(day.unread, expected.unread);
+            QCOMPARE(day.foods.size(), expected.foods.size());
+            for (std::size_t entry = 0; entry < day.foods.size(); ++entry)
+                QCOMPARE(FoodRecord::archivedDataWithRootObject(day.foods[entry]),
+                    FoodRecord::archivedDataWithRootObject(expected.foods[entry]));
+        }
     }
 
     void aValueThatIsNoListIsAnEmptyDay()

@@ -209,15 +209,22 @@ void MainInterface::connectCommands()
 
 void MainInterface::connectOtherDay()
 {
+    connect(main->actionaddfromday, &QAction::triggered, this, [this] {
+        main->logtable->endEditing();
+        main->datepicker->interpretText(); // as for the add-food sheet
+        if (!otherday)
+            makeOtherDay();
+        otherday->open(LocalDay::dateOf(main->datepicker->dateValue()));
+    });
+}
+
+// Made when it is first asked for, as the history is.
+void MainInterface::makeOtherDay()
+{
     auto *sheet = new DaySheet(window.get());
     sheet->addAction(main->actionquit);
     new SheetSize(sheet, SettingsKeys::DaySheetSize);
     otherday = std::make_unique<OtherDay>(controller, *sheet);
-    connect(main->actionaddfromday, &QAction::triggered, this, [this] {
-        main->logtable->endEditing();
-        main->datepicker->interpretText(); // as for the add-food sheet
-        otherday->open(LocalDay::dateOf(main->datepicker->dateValue()));
-    });
     connect(otherday.get(), &OtherDay::entriesAdded, this, [this] {
         main->logtable->setFocus();
         main->logtable->setCurrentRow(controller.numberOfRowsInTableView(main->logtable) - 1);

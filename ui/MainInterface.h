@@ -64,6 +64,7 @@ private:
     void connectFields();
     void connectCommands();
     void connectOtherDay();
+    void makeOtherDay();
     void connectPreferences();
     void connectSetting(QCheckBox *box, const QString &key);
     void setUseP(bool percentages);
@@ -147,7 +148,7 @@ private:
     std::unique_ptr<QMainWindow> window;
     PreferencesSheet *preferences; // a child of the window, as the other sheet is
     AddFoodSheet *addview;
-    std::unique_ptr<OtherDay> otherday;
+    std::unique_ptr<OtherDay> otherday; // until it is first opened, nothing
     HistorySheet *history = nullptr; // until it is first opened
     ShortcutsSheet *shortcuts = nullptr; // until it is first asked for
     QDialog *about = nullptr;

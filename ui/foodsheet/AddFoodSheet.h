@@ -111,6 +111,7 @@ private:
     std::vector<FoodLeft> foodsleft;
     FoodListModel::Allowances allowances{};
     bool readswhenpainted = false; // the food files, once the window says so
+    bool preparesearch = true; // when it is painted for the first time
     std::vector<LoggedFood> ownfoods;
     int ownfoodslisted = 0;
     QHash<int, Quantity> entered; // in the preview, by row, until the list is another

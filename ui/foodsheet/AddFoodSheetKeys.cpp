@@ -95,8 +95,13 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
             return amountKeyPressed(key);
         return watched == ui->searchfield ? fieldKeyPressed(key) : listKeyPressed(watched, key);
     }
-    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport() && std::exchange(readswhenpainted, false))
-        emit readingSaid();
+    if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport()) {
+        // The sheet is seen sooner without, and nobody types as soon as that.
+        if (std::exchange(preparesearch, false))
+            QMetaObject::invokeMethod(foods, [this] { foods->prepareSearch(); }, Qt::QueuedConnection);
+        if (std::exchange(readswhenpainted, false))
+            emit readingSaid();
+    }
     // The preview shows the food of the list that the keyboard is in.
     if (event->type() == QEvent::FocusIn && watched == ui->tobeaddedlist)
         showFoodToBeAdded();

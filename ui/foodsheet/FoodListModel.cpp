@@ -21,9 +21,7 @@ FoodListModel::FoodListModel(const QStringList &names, QObject *parent)
     , search(names)
     , hits(search.search({}))
     , bynutrient(names)
-{
-    search.prepare();
-}
+{ }
 
 void FoodListModel::setOwnFoods(const std::vector<LoggedFood> &foods, int listed)
 {

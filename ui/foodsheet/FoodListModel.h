@@ -62,6 +62,8 @@ public:
     // How many foods of the answer are left out because the nutrient is not known of them.
     [[nodiscard]] int unknownCount() const { return unknown; }
 
+    // What the first query would do otherwise.
+    void prepareSearch() { search.prepare(); }
     void setQuery(const QString &query);
     // The foods in the day's log and those that are to be added to it are marked.
     void setMarkedFoods(const QStringList &inlog, const QStringList &tobeadded);
