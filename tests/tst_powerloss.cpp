@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "platform/PendingFile.h"
 #include "platform/SqliteStatement.h"
 #include "platform/SqliteStore.h"
 #include "platform/UserDefaults.h"
@@ -394,6 +395,8 @@ private slots:
                 isleft = defaults.leavePending();
                 if (!istakenin)
                     isfinished = !disk.hasStruck();
+                // One that could not be written holds nothing, and would be taken for one that was.
+                QVERIFY(isleft || Fault(fault) == Fault::PowerCut || !QFile::exists(PendingFile::pathOf(path, 1)));
             }
             if (!istakenin)
                 disk.restart(Survivors(survivors), quint32(operation));
