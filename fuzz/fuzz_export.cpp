@@ -116,6 +116,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         return log.scan(first, last, row);
     });
     const History::Days days = reader.readOnly(period);
+    for (qsizetype i = 1; i < days.all.size(); ++i)
+        Fuzzing::require(days.all[i - 1].date < days.all[i].date, "the days are in order, each once");
     const Export::ExportedDays exported(log, period);
     const bool isperday = (choice & 8U) != 0;
     const auto write = isperday ? &Export::ExportedDays::writeDays : &Export::ExportedDays::writeEntries;

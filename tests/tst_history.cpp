@@ -7,9 +7,11 @@
 #include "history/Year.h"
 #include "tests/support/StoredHistory.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -146,6 +148,31 @@ private slots:
         QCOMPARE(History::sources(days, 0).known.front().amount, 8000.0);
         QVERIFY(!History::year(days, 0, 0.0F).cells[60].step);
         QVERIFY(History::year(all, 0, 0.0F).cells[60].step);
+    }
+
+    // In memory alone: a store of so many days would take longer than all other tests of the history.
+    void aHundredThousandDaysOfAsManyFoodsAreGoneThroughQuickly()
+    {
+        constexpr int count = 100000;
+        const QDate first = QDate(2026, 11, 20).addDays(1 - count);
+        const auto foods = std::make_shared<History::Foods>(count);
+        History::Days days{{first, QDate(2026, 11, 20)}, {}, {}, foods};
+        QList<QDate> other;
+        for (int i = 0; i < count; ++i) {
+            days.all.append({first.addDays(i), i, 1, {}});
+            days.entries.append({i, 100.0F});
+            if (i % 2 != 0)
+                other.prepend(days.all.constLast().date);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(days.without(other).all.size(), count / 2);
+        QVERIFY(timer.elapsed() < 1500);
+        timer.restart();
+        History::KnownShareCounter counter(days);
+        for (std::size_t i = 0; i < count; ++i)
+            QCOMPARE(counter.of(days.ofPeriod().subspan(i, 1)).front(), 0.0);
+        QVERIFY(timer.elapsed() < 1500);
     }
 
     void anEmptyPeriodHasNoFigures()
