@@ -210,6 +210,15 @@ private slots:
         QCOMPARE(shares[std::size_t(nutrient("Protein"))], 0.0);
     }
 
+    void whatIsKnownForLessThanNineTenthsIsALowerBound()
+    {
+        History::NutrientFigures figures;
+        figures.knownshare = 0.9;
+        QVERIFY(!figures.isLowerBound());
+        figures.knownshare = 0.899;
+        QVERIFY(figures.isLowerBound());
+    }
+
     void barsAreOfDaysThenWeeksThenMonths_data()
     {
         QTest::addColumn<QDate>("first");
@@ -383,7 +392,9 @@ private slots:
         QCOMPARE(neighbours({2026, 3, 4}), QStringLiteral("2026_03_01 2026_03_07"));
         QCOMPARE(neighbours({2026, 3, 1}), QStringLiteral("0001_01_01 2026_03_07"));
         QCOMPARE(neighbours({2026, 3, 8}), QStringLiteral("2026_03_07 9999_12_31"));
+        QCOMPARE(neighbours({1, 1, 2}), QStringLiteral("0001_01_01 2026_03_01"));
         QCOMPARE(neighbours({1, 1, 1}), QStringLiteral("none 2026_03_01"));
+        QCOMPARE(neighbours({9999, 12, 30}), QStringLiteral("2026_03_07 9999_12_31"));
         QCOMPARE(neighbours({9999, 12, 31}), QStringLiteral("2026_03_07 none"));
         const History::ShownDay emptied{{2026, 3, 7}, {}};
         QCOMPARE(neighbours({2026, 3, 4}, emptied), QStringLiteral("2026_03_01 9999_12_31"));

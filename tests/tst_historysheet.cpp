@@ -181,6 +181,11 @@ private slots:
         choose(find<QComboBox>("lengthbox"), 4);
         QCOMPARE(text("periodlabel"), QStringLiteral("1 Jan 0001 to 20 Nov 2026: 27 of 739940 days logged"));
         QCOMPARE(row(0)[1], QStringLiteral("nan kcal"));
+        for (const int order : {2, 3}) { // by the mean, either way
+            choose(find<QComboBox>("orderbox"), order);
+            QCOMPARE(row(60)[1].first(3), QStringLiteral("nan"));
+        }
+        choose(find<QComboBox>("orderbox"), 0);
         for (int i = 0; i < 61; ++i)
             press(chart(), Qt::Key_Down);
         for (int page = 0; page < 3; ++page) {
@@ -238,6 +243,8 @@ private slots:
         QCOMPARE(chart()->accessibleDescription(), text("cursorlabel"));
         press(chart(), Qt::Key_Left);
         QCOMPARE(text("cursorlabel"), QStringLiteral("Tue 10 Nov 2026: not logged; mean of seven days 440.00 kcal"));
+        press(chart(), Qt::Key_Home); // of seven days only one is logged
+        QCOMPARE(text("cursorlabel"), QStringLiteral("Thu 22 Oct 2026: 500.00 kcal, 25 % of the RDA"));
         choose(find<QComboBox>("lengthbox"), 3);
         goTo({2026, 11, 10});
         QVERIFY(text("cursorlabel").contains(QStringLiteral("9 Nov to 15 Nov 2026: mean 530.00 kcal, 5 of 7 days")));
@@ -266,6 +273,18 @@ private slots:
         QCOMPARE(LocalDay::dateOf(run->controller.curdate), QDate(2026, 11, 11));
         QCOMPARE(run->controller.datepicker->date(), QDate(2026, 11, 11));
         QCOMPARE(run->names(), QStringList({Bread, Juice}));
+    }
+
+    void aHeldEnterAndOneInTheTableOfNutrientsOpenNoDay()
+    {
+        open();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+        QCoreApplication::sendEvent(chart(), &held);
+        QVERIFY(sheet()->isVisible());
+        figures()->setFocus();
+        press(figures(), Qt::Key_Return);
+        QVERIFY(sheet()->isVisible());
+        QVERIFY(!text("summarylabel").contains(QStringLiteral("known for"))); // all of it is
     }
 
     void theSourcesSayWhereItCameFrom()

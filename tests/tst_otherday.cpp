@@ -247,6 +247,9 @@ private slots:
                 QStringLiteral("30 days before"), QStringLiteral("2 days before"), QStringLiteral("3 days after"),
                 QStringLiteral("3 days after")}));
         QCOMPARE(rows(), QStringList{QStringLiteral("[x] B 1.00 g")});
+        press(Qt::Key_Space); // the first entry is the current one
+        QCOMPARE(rows(), QStringList{QStringLiteral("[ ] B 1.00 g")});
+        press(Qt::Key_Space);
         press(Qt::Key_Return);
         QCOMPARE(run->names().last(), B);
     }
