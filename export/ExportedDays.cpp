@@ -71,23 +71,26 @@ bool ExportedDays::writeEntries(Format format, std::FILE *file) const
             QStringLiteral("grams")}
             + nutrientColumns(),
         file);
-    // The history keeps what an entry weighs, not how that was put, so each day is read once more.
+    // The history keeps what an entry weighs, not how that was put, so the days are read once more.
+    const std::span<const History::Day> all = days.ofPeriod();
+    auto day = all.begin();
+    bool iswritten = true;
     FoodRecord::Reader records;
-    for (const History::Day &day : days.ofPeriod()) {
-        const QString key = LocalDay::key(day.date);
-        StoredDay stored;
-        log.scan(
-            key, key, [&](const QString &, const QByteArray &value) { stored = StoredDay::ofStored(value, records); });
-        const std::span<const History::Entry> entries = days.entriesOf(day);
-        Q_ASSERT(entries.size() == stored.foods.size());
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            const auto food = static_cast<std::size_t>(entries[i].food);
-            addEntry(writer, day.date, stored.foods[i], entries[i].grams, (*days.foods)[food].composition);
-            if (!writer.endRow())
-                return false;
-        }
-    }
-    return true;
+    log.scan(LocalDay::key(days.period.first), LocalDay::key(days.period.last),
+        [&](const QString &key, const QByteArray &value) {
+            if (!iswritten || day == all.end() || key != LocalDay::key(day->date))
+                return;
+            const StoredDay stored = StoredDay::ofStored(value, records);
+            const std::span<const History::Entry> entries = days.entriesOf(*day);
+            Q_ASSERT(entries.size() == stored.foods.size());
+            for (std::size_t i = 0; iswritten && i < entries.size(); ++i) {
+                const auto food = static_cast<std::size_t>(entries[i].food);
+                addEntry(writer, day->date, stored.foods[i], entries[i].grams, (*days.foods)[food].composition);
+                iswritten = writer.endRow();
+            }
+            ++day;
+        });
+    return iswritten;
 }
 
 bool ExportedDays::writeDays(Format format, std::FILE *file) const
@@ -95,6 +98,7 @@ bool ExportedDays::writeDays(Format format, std::FILE *file) const
     RowWriter writer(format,
         QStringList{QStringLiteral("date"), QStringLiteral("entries")} + nutrientColumns() + shareColumns(), file);
     const std::span<const History::Day> all = days.ofPeriod();
+    History::KnownShareCounter shares(days);
     for (std::size_t i = 0; i < all.size(); ++i) {
         const History::Day &day = all[i];
         const std::span<const History::Entry> entries = days.entriesOf(day);
@@ -106,7 +110,7 @@ bool ExportedDays::writeDays(Format format, std::FILE *file) const
             });
             writer.addNumber(isknown ? std::optional(day.sums[static_cast<std::size_t>(nutrient)]) : std::nullopt);
         }
-        for (const double share : History::knownShares(days, all.subspan(i, 1)))
+        for (const double share : shares.of(all.subspan(i, 1)))
             writer.addNumber(std::optional(share));
         if (!writer.endRow())
             return false;

@@ -82,9 +82,8 @@ void RowWriter::addField(const QByteArray &text)
 {
     row += column == 0 ? (format == Format::Csv ? "" : "{") : ",";
     if (format == Format::Json)
-        row += keys[column] + (text.isEmpty() ? QByteArrayLiteral("null") : text);
-    else
-        row += text;
+        row += keys.at(column);
+    row += format == Format::Json && text.isEmpty() ? QByteArrayLiteral("null") : text;
     ++column;
 }
 
@@ -94,7 +93,7 @@ bool RowWriter::endRow()
     row += format == Format::Csv ? "\r\n" : "}\n";
     const bool iswritten
         = std::fwrite(row.constData(), 1, static_cast<std::size_t>(row.size()), file) == std::size_t(row.size());
-    row.clear();
+    row.resize(0); // keeps its memory for the next
     column = 0;
     return iswritten;
 }

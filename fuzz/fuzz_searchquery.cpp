@@ -3,13 +3,8 @@
 
 #include "catalog/FoodCatalogue.h"
 #include "fuzz/Fuzzing.h"
-#include "platform/NumberText.h"
-#include "search/FoodPortion.h"
 #include "search/FoodSearch.h"
 
-#include <array>
-#include <cmath>
-#include <span>
 #include <vector>
 
 namespace {
@@ -21,28 +16,6 @@ void checkLetters(const FoodSearch &search, int index, const QString &name)
         Fuzzing::require(each.start >= end && each.count > 0, "matched letters ascend and lie apart");
         end = each.start + each.count;
         Fuzzing::require(end <= name.size(), "matched letters lie within the name");
-    }
-}
-
-// A quantity is measured by what a food may have: a title of the query's own words, and the usual ones.
-void checkPortion(const FoodSearch &search, const QString &query)
-{
-    if (!search.quantity())
-        return;
-    Fuzzing::require(search.quantity()->count > 0, "a quantity is some");
-    Fuzzing::require(!search.quantity()->foodwords.empty(), "a quantity is of something");
-    const std::array<FoodUnit, 6> units{
-        {{QStringLiteral("g"), 1.0F}, {QStringLiteral("1 cup"), 240.0F}, {QStringLiteral("1 large"), 50.0F},
-            {QStringLiteral("2 slices (1 oz)"), 28.0F}, {query, 10.0F}, {QStringLiteral("1 ") + query, 0.0F}}};
-    for (std::size_t count = 1; count <= units.size(); ++count) {
-        const FoodPortion portion = FoodPortion::of(*search.quantity(), std::span(units).first(count));
-        Fuzzing::require(
-            portion.unit >= 0 && static_cast<std::size_t>(portion.unit) < count, "the unit is one of the food's");
-        const float amount = NumberText::floatValue(portion.amount);
-        Fuzzing::require(amount > 0.0F && std::isfinite(amount), "the amount is a positive number");
-        Fuzzing::require(portion.grams == amount * units[static_cast<std::size_t>(portion.unit)].grams,
-            "the amount as text weighs what the portion says");
-        Fuzzing::require(portion.fits || (portion.unit == 0 && portion.grams == 100.0F), "what does not fit is 100 g");
     }
 }
 
@@ -76,7 +49,6 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         Fuzzing::require(!seen[static_cast<std::size_t>(index)], "finds each food once");
         seen[static_cast<std::size_t>(index)] = true;
     }
-    checkPortion(search, query);
     for (std::size_t i = 0; i < found.size() && i < 20; ++i)
         checkLetters(search, found[i], names[found[i]]);
     Fuzzing::require(found == search.search(query), "finds the same again");

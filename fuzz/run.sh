@@ -11,7 +11,7 @@ cd "$(dirname "$0")/.."
 seconds=${1:-5}
 shift || true
 targets=("$@")
-((${#targets[@]})) || targets=(numbertext propertylist foodrecord foodfile searchquery store)
+((${#targets[@]})) || targets=(numbertext propertylist foodrecord foodfile searchquery quantity history export store)
 
 probe=$(mktemp)
 trap 'rm -f "$probe"' EXIT

@@ -94,5 +94,24 @@ int main()
     write("searchquery", "grams", " half a dozen x 2,5kg");
     write("searchquery", "number", " 3.25% \303\251");
     write("searchquery", "utf16", QByteArray("\1e\0g\0g\0", 7));
+
+    write("quantity", "milk", "1 1/2 cups of milk\n244\t1 cup\n30.5\t1 fl oz\n15.2\t1 tbsp\n976\t1 quart");
+    write("quantity", "meat", "beef 1 lb 4 oz\n85\t3 oz\n227\t1 steak (yield from 1 lb raw meat)");
+    write("quantity", "pieces", "2 bread slices\n28\t1 slice\n12\t1 slice, thin (x 0.75 oz)\n454\t1 loaf\nnan\t");
+    write("quantity", "can", "half a can x2\n330\t1 can (12 fl oz)\n1e39\t2 large\n-1\t1,000 extra large");
+    write("quantity", "times", "yogurt 2 x 200 g\n0\t1 serving");
+
+    // Three days, of which one has foods without files, units that are unknown and amounts that are no number.
+    const QByteArray days = QByteArrayLiteral("\x09\x02\x00\x42\xc8\x00\x00\x08\x43\x48\x00\x00"
+                                              "\x08\x05\x01\x7f\xc0\x00\x00\x12\x7f\x80\x00\x00\x1b\x00\x00\x00\x01\xfe"
+                                              "text\x24\xff\x80\x00\x00"
+                                              "\x0a\x01\x05\x41\x20\x00\x00");
+    write("history", "month", QByteArray("\x33\x01", 2) + days);
+    write("history", "year", QByteArray("\x35\x00", 2) + days);
+    write("history", "all", QByteArray("\x36\x02", 2) + days);
+    write("export", "stored", QByteArray("\x00", 1) + days);
+    write("export", "pending", QByteArray("\x01", 1) + days);
+    write("export", "joined", QByteArray("\x0d", 1) + days.left(12) + days);
+    write("export", "bytes", QByteArray("\x00\x09\xff\x00\x08", 5) + "bplist00");
     return EXIT_SUCCESS;
 }

@@ -37,8 +37,12 @@ std::span<const Entry> Days::entriesOf(const Day &day) const
 
 Days Days::without(const QList<QDate> &dates) const
 {
+    QList<QDate> sorted = dates; // a log of 300 years may have as many of them as days
+    std::sort(sorted.begin(), sorted.end());
     Days left = *this;
-    left.all.removeIf([&](const Day &day) { return period.contains(day.date) && dates.contains(day.date); });
+    left.all.removeIf([&](const Day &day) {
+        return period.contains(day.date) && std::binary_search(sorted.cbegin(), sorted.cend(), day.date);
+    });
     return left;
 }
 

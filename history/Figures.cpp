@@ -4,7 +4,6 @@
 #include "history/Figures.h"
 
 #include <cmath>
-#include <vector>
 
 namespace History {
 
@@ -45,13 +44,13 @@ std::optional<double> ratioOf(double amount, float allowance)
     return allowance > 0.0F ? std::optional(amount / double(allowance)) : std::nullopt;
 }
 
-KnownShares knownShares(const Days &days, std::span<const Day> some)
+KnownShareCounter::KnownShareCounter(const Days &counted)
+    : days(counted)
+    , weights(counted.foods->size())
+{ }
+
+KnownShares KnownShareCounter::of(std::span<const Day> some)
 {
-    struct Weight {
-        double energy = 0.0;
-        int entries = 0;
-    };
-    std::vector<Weight> weights(days.foods->size());
     std::vector<std::size_t> eaten;
     Weight total;
     for (const Day &day : some) {
@@ -75,8 +74,14 @@ KnownShares knownShares(const Days &days, std::span<const Day> some)
             if ((*days.foods)[food].composition.amount(static_cast<int>(nutrient)))
                 shares[nutrient] += share;
         }
+        weights[food] = {};
     }
     return shares;
+}
+
+KnownShares knownShares(const Days &days, std::span<const Day> some)
+{
+    return KnownShareCounter(days).of(some);
 }
 
 std::optional<Table> figures(const Days &days, const Allowances &allowances)

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <optional>
+#include <vector>
 
 namespace History {
 
@@ -38,6 +39,23 @@ using Table = std::array<NutrientFigures, NutrientCatalogue::nutrientCount>;
 // 0 without entries.
 using KnownShares = std::array<double, NutrientCatalogue::nutrientCount>;
 [[nodiscard]] KnownShares knownShares(const Days &days, std::span<const Day> some);
+
+// The same for whoever asks of many days, one at a time: an answer takes as long as the days have entries, however many
+// foods there are. The days outlive it.
+class KnownShareCounter final {
+public:
+    explicit KnownShareCounter(const Days &days);
+    [[nodiscard]] KnownShares of(std::span<const Day> some);
+
+private:
+    struct Weight {
+        double energy = 0.0;
+        int entries = 0;
+    };
+
+    const Days &days;
+    std::vector<Weight> weights; // by the food's place; all 0 between two answers
+};
 
 // A day's amount by the allowance; nothing without an allowance.
 [[nodiscard]] std::optional<double> ratioOf(double amount, float allowance);

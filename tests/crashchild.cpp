@@ -2,16 +2,21 @@
 // SPDX-License-Identifier: MIT
 
 // crashchild <store> <progress> <plan> <operation> <when> <microseconds>: the program with a plan in place of a person:
-// it shows days, gives each a new log, and ends. It kills itself at the operation of that number inside a save, or
-// after that time; 0 is never.
+// it shows days, gives each a new log, and ends, each save with the plan's sheet open. It kills itself at the operation
+// of that number inside a save, or after that time; 0 is never.
 
 #include "tests/support/CrashPlan.h"
 #include "tests/support/KillingVfs.h"
 #include "tests/support/Run.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QDialog>
+#include <QKeyEvent>
 #include <QLineEdit>
 
+#include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <ctime>
@@ -55,6 +60,30 @@ void giveNewLog(TestedAppDelegate &controller, const CrashPlan::Step &step)
         controller.setObjectValue(controller.logtable, step.amounts[row], QStringLiteral("Amount"), row);
 }
 
+void press(QWidget *widget, int key, const QString &text = {})
+{
+    QKeyEvent pressed(QEvent::KeyPress, key, Qt::NoModifier, text);
+    QCoreApplication::sendEvent(widget, &pressed);
+}
+
+enum Sheet { AddFood, AddFromDay, History, Preferences, SheetCount };
+
+// Goes as far in it as a person does before Return.
+QDialog *open(const QMainWindow &window, Sheet wanted)
+{
+    static constexpr std::array<const char *, SheetCount> actions{
+        "actionaddfood", "actionaddfromday", "actionhistory", "actionpreferences"};
+    window.findChild<QAction *>(QLatin1String(actions[wanted]))->trigger();
+    const auto sheets = window.findChildren<QDialog *>();
+    const auto sheet = std::find_if(sheets.begin(), sheets.end(), [](const QDialog *one) { return one->isVisible(); });
+    if (sheet == sheets.end())
+        std::abort();
+    if (auto *field = (*sheet)->findChild<QLineEdit *>(QStringLiteral("searchfield")))
+        press(field, 0, QStringLiteral("1 1/2 cups milk"));
+    QCoreApplication::processEvents();
+    return *sheet;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -75,12 +104,21 @@ int main(int argc, char **argv)
     controller.applicationDidFinishLaunching();
     interface.show();
     progress.phase = Progress::Between;
+    const auto wanted = static_cast<Sheet>(plan.number % SheetCount);
     for (int step = 0; step < CrashPlan::days; ++step) {
+        QDialog *sheet = open(*controller.window, wanted);
         controller.setDate(plan.instant(step));
+        // What it adds goes with the rest of the old log.
+        if (wanted == AddFood || wanted == AddFromDay)
+            press(sheet, Qt::Key_Return);
+        if (wanted == AddFood && (sheet->isVisible() || controller.foods.empty()))
+            std::abort();
+        sheet->reject();
         giveNewLog(controller, plan.steps[std::size_t(step)]);
     }
     controller.rdainput->setText(plan.rda());
     controller.setRDA();
+    open(*controller.window, wanted);
     {
         UserDefaults::Transaction transaction(store);
         controller.applicationWillTerminate();

@@ -4,6 +4,7 @@
 #include "history/Figures.h"
 #include "model/StoredDay.h"
 #include "platform/NumberText.h"
+#include "platform/PendingFile.h"
 #include "platform/PropertyList.h"
 #include "support/LockedStore.h"
 #include "support/RandomHistory.h"
@@ -307,6 +308,25 @@ private slots:
         QCOMPARE(entriesOf(place.path), entries);
     }
 
+    void whatSeveralRunsCouldNotSaveCountsToTheLast()
+    {
+        StoreHome place;
+        UserDefaults(place.path).setObject(QVariantList{StoredHistory::record("A", 1)}, day);
+        for (const auto &[key, food] : {std::pair(QStringLiteral("2015_05_12"), "C"), std::pair(day, "B")}) {
+            const LockedStore locked(place.path, LockedStore::Exclusive);
+            UserDefaults defaults(place.path);
+            defaults.setObject(QVariantList{StoredHistory::record(food, 2)}, key);
+            QVERIFY(defaults.leavePending());
+        }
+        const QString last = PendingFile::pathOf(place.path, PendingFile::mostFiles);
+        QVERIFY(QFile::rename(PendingFile::pathOf(place.path, 2), last));
+        QCOMPARE(entriesOf(place.path), QStringLiteral("2015-05-11 A 1, 2015-05-11 B 2, 2015-05-12 C 2"));
+        writeFile(last, "no database");
+        const Ended printed = exported(place.path);
+        QCOMPARE(printed.status, 1);
+        QVERIFY(printed.err.contains(".pending-9 is damaged"));
+    }
+
     void aSaveThatIsGoingOnIsWaitedForAndOneThatBrokeOffIsSaid()
     {
         StoreHome place;
@@ -402,6 +422,7 @@ private slots:
         row("--help=me", 2, "unknown argument \"--help=me\"");
         row("--from 2026-11-21 --to 2026-11-20", 2, "--from is after --to");
         row("--store /nowhere/at\nall", 1, "there is no log at /nowhere/at?all");
+        row("--store=/nowhere/a=b", 1, "there is no log at /nowhere/a=b");
         row("--store /dev/zero", 1, "/dev/zero cannot be read");
         row("--store " SOURCE_DIR "/README.md", 1, SOURCE_DIR "/README.md is damaged, of a newer version or no log");
         row("", 1, "there is no log at"); // the user's own, in the test's home

@@ -11,6 +11,8 @@
 #include <QFile>
 #include <QtTest>
 
+#include <limits>
+
 #include <algorithm>
 #include <vector>
 
@@ -84,6 +86,38 @@ private slots:
         const qsizetype at = first.indexOf(pattern(food));
         QVERIFY2(at >= 0, qPrintable(first.join(u'\n')));
         QTEST(portionText(first[at]), "portion");
+    }
+
+    void aMeasureIsChosenByAllThatItsTitleSays_data()
+    {
+        QTest::addColumn<QString>("query");
+        QTest::addColumn<std::vector<FoodUnit>>("measures");
+        QTest::addColumn<QString>("portion");
+        const auto row
+            = [](const char *name, const char *query, const std::vector<FoodUnit> &measures, const char *portion) {
+                  QTest::newRow(name) << QString::fromLatin1(query) << measures << QString::fromLatin1(portion);
+              };
+        const auto unit = [](const char *title, float grams) { return FoodUnit{QString::fromLatin1(title), grams}; };
+        row("half of a measure of two", "1 tbsp jam", {unit("1 tsp", 5), unit("2 tbsp", 30)}, "0.5 x 2 tbsp, 15 g");
+        row("three times two pieces", "6 slices ham", {unit("2 slices", 50)}, "3 x 2 slices, 150 g");
+        row("a volume of slices is no slice", "2 slices cake", {unit("1 cup slices", 100), unit("1 wedge", 80)},
+            "2 x 1 wedge, 160 g");
+        row("what comes with it is no piece", "2 apples", {unit("1 with skin", 60), unit("1 large", 100)},
+            "2 x 1 large, 200 g");
+        row("a weight without end", "1 cup jam", {unit("1 cup", std::numeric_limits<float>::infinity())},
+            "100 x g, 100 g");
+    }
+
+    void aMeasureIsChosenByAllThatItsTitleSays()
+    {
+        QFETCH(QString, query);
+        QFETCH(std::vector<FoodUnit>, measures);
+        measures.insert(measures.begin(), {QStringLiteral("g"), 1.0F});
+        const FoodPortion portion = FoodPortion::of(FoodQuantity::readings(query).front().quantity, measures);
+        const QString text = QStringLiteral("%1 x %2, %3 g")
+                                 .arg(portion.amount, measures[static_cast<std::size_t>(portion.unit)].title)
+                                 .arg(double(portion.grams));
+        QTEST(text, "portion");
     }
 
     // Whoever types the amount into the cell gets the same float, and so the same weight to the bit.

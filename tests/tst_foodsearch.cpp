@@ -387,6 +387,23 @@ private slots:
         QVERIFY((few.search(QStringLiteral("rye")) == std::vector<int>{1, 2, 0}));
     }
 
+    void aFoodForFewIsLikeAnyOtherToThoseWhoEatIt()
+    {
+        FoodSearch few({QStringLiteral("Apples, raw"), QStringLiteral("Babyfood, apples")});
+        QVERIFY((few.search(QStringLiteral("apples")) == std::vector<int>{0, 1}));
+        few.setOwnFoods({{1, 1.0F}});
+        QVERIFY((few.search(QStringLiteral("apples")) == std::vector<int>{1, 0}));
+    }
+
+    void whatHasLessThatWasNotAskedForComesFirst()
+    {
+        FoodSearch begun({QStringLiteral("Breadfruit"), QStringLiteral("Breads")});
+        QVERIFY((begun.search(QStringLiteral("brea")) == std::vector<int>{1, 0}));
+        FoodSearch company({QStringLiteral("Rice, white, with peas"), QStringLiteral("Rice, white, peas"),
+            QStringLiteral("Milk"), QStringLiteral("Eggs"), QStringLiteral("Butter")});
+        QVERIFY((company.search(QStringLiteral("rice")) == std::vector<int>{1, 0}));
+    }
+
     void aQueryWithoutALetterOrADigitIsEmpty()
     {
         for (const char *query : {"", " ", ",", "%", "- / &", "\u00b0"})

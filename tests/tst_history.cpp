@@ -7,9 +7,11 @@
 #include "history/Year.h"
 #include "tests/support/StoredHistory.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 #include <limits>
+#include <memory>
 
 namespace {
 
@@ -148,6 +150,31 @@ private slots:
         QVERIFY(History::year(all, 0, 0.0F).cells[60].step);
     }
 
+    // In memory alone: a store of so many days would take longer than all other tests of the history.
+    void aHundredThousandDaysOfAsManyFoodsAreGoneThroughQuickly()
+    {
+        constexpr int count = 100000;
+        const QDate first = QDate(2026, 11, 20).addDays(1 - count);
+        const auto foods = std::make_shared<History::Foods>(count);
+        History::Days days{{first, QDate(2026, 11, 20)}, {}, {}, foods};
+        QList<QDate> other;
+        for (int i = 0; i < count; ++i) {
+            days.all.append({first.addDays(i), i, 1, {}});
+            days.entries.append({i, 100.0F});
+            if (i % 2 != 0)
+                other.prepend(days.all.constLast().date);
+        }
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(days.without(other).all.size(), count / 2);
+        QVERIFY(timer.elapsed() < 1500);
+        timer.restart();
+        History::KnownShareCounter counter(days);
+        for (std::size_t i = 0; i < count; ++i)
+            QCOMPARE(counter.of(days.ofPeriod().subspan(i, 1)).front(), 0.0);
+        QVERIFY(timer.elapsed() < 1500);
+    }
+
     void anEmptyPeriodHasNoFigures()
     {
         history->eat({2026, 3, 1}, 2000);
@@ -181,6 +208,15 @@ private slots:
         const History::KnownShares shares = History::knownShares(days, days.ofPeriod());
         QCOMPARE(shares[std::size_t(nutrient("Water"))], 0.5);
         QCOMPARE(shares[std::size_t(nutrient("Protein"))], 0.0);
+    }
+
+    void whatIsKnownForLessThanNineTenthsIsALowerBound()
+    {
+        History::NutrientFigures figures;
+        figures.knownshare = 0.9;
+        QVERIFY(!figures.isLowerBound());
+        figures.knownshare = 0.899;
+        QVERIFY(figures.isLowerBound());
     }
 
     void barsAreOfDaysThenWeeksThenMonths_data()
@@ -356,7 +392,9 @@ private slots:
         QCOMPARE(neighbours({2026, 3, 4}), QStringLiteral("2026_03_01 2026_03_07"));
         QCOMPARE(neighbours({2026, 3, 1}), QStringLiteral("0001_01_01 2026_03_07"));
         QCOMPARE(neighbours({2026, 3, 8}), QStringLiteral("2026_03_07 9999_12_31"));
+        QCOMPARE(neighbours({1, 1, 2}), QStringLiteral("0001_01_01 2026_03_01"));
         QCOMPARE(neighbours({1, 1, 1}), QStringLiteral("none 2026_03_01"));
+        QCOMPARE(neighbours({9999, 12, 30}), QStringLiteral("2026_03_07 9999_12_31"));
         QCOMPARE(neighbours({9999, 12, 31}), QStringLiteral("2026_03_07 none"));
         const History::ShownDay emptied{{2026, 3, 7}, {}};
         QCOMPARE(neighbours({2026, 3, 4}, emptied), QStringLiteral("2026_03_01 9999_12_31"));

@@ -212,6 +212,7 @@ private slots:
             QVERIFY(step == 0 || view.shade(step) != view.shade(step - 1));
         }
         QCOMPARE(colorOf(History::steps), view.palette().color(QPalette::Base));
+        QVERIFY(view.cellArea({2026, 1, 1}).left() < view.cellArea({2026, 1, 1}).width());
         QVERIFY(view.shade(0) != view.palette().color(QPalette::Base));
     }
 
@@ -239,6 +240,8 @@ private slots:
         QTest::keyClick(&view, key);
         QCOMPARE(pointed.size(), 1);
         QCOMPARE(pointed[0][0].toDate(), day);
+        QTest::keyClick(&view, key, Qt::ControlModifier); // means something else
+        QCOMPARE(pointed.size(), 1);
     }
 
     void aScreenReaderHearsWhereTheCursorIs()

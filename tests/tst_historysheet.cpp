@@ -3,7 +3,9 @@
 
 #include "model/FoodRecord.h"
 #include "platform/LocalDay.h"
+#include "platform/PropertyList.h"
 #include "tests/support/Run.h"
+#include "tests/support/StoreView.h"
 #include "ui/controls/DatePicker.h"
 #include "ui/historysheet/CourseChart.h"
 #include "ui/historysheet/HistorySheet.h"
@@ -16,6 +18,7 @@
 #include <QTabWidget>
 #include <QtTest>
 
+#include <limits>
 #include <random>
 
 namespace {
@@ -138,6 +141,63 @@ private slots:
         QVERIFY(find<QCheckBox>("leaveout")->accessibleDescription().endsWith(QStringLiteral("19 Nov, 20 Nov")));
     }
 
+    void theTipNamesTwoHundredDaysAtMost()
+    {
+        {
+            UserDefaults store(home->storePath());
+            UserDefaults::Transaction all(store);
+            for (int i = 0; i < 601; ++i)
+                store.setObject(
+                    QVariantList{record(Bread, i < 201 ? 1.0F : 500.0F)}, LocalDay::key(today.addDays(-1 - i)));
+            all.commit();
+        }
+        open();
+        choose(find<QComboBox>("lengthbox"), 4);
+        QVERIFY(find<QLabel>("incompletelabel")->toolTip().endsWith(QStringLiteral(" and 1 more</p>")));
+        QVERIFY(find<QCheckBox>("leaveout")->accessibleDescription().endsWith(QStringLiteral(" and 1 more")));
+    }
+
+    void aLogOfAllTimesWithAnythingInItIsShown()
+    {
+        const auto noNumber = std::numeric_limits<float>::quiet_NaN();
+        {
+            StoreView store(home->storePath());
+            for (const char *key : {"2026_02_30", "2026_11_20.unread", "2026_11_2", "0000_12_31"})
+                QVERIFY(store.put(
+                    QString::fromLatin1(key), PropertyList::write(QVariantList{record(Bread, 9e9F)}).value()));
+            QVERIFY(store.put(QStringLiteral("1900_01_01"), "bplist00 and no more"));
+        }
+        {
+            UserDefaults store(home->storePath());
+            const QString endless(100000, u'n');
+            store.setObject(QVariantList{record(Bread, 1e-45F), record(endless, 1.0F)}, QStringLiteral("0001_01_01"));
+            store.setObject(QVariantList{record(Juice, noNumber), 5, QByteArray("no record"), record(Juice, 1.0F)},
+                QStringLiteral("1900_01_02"));
+            store.setObject(QVariantList{record(Bread, 3e38F)}, QStringLiteral("1900_01_03"));
+            store.setObject(QVariantList{record(Bread, 1.0F)}, QStringLiteral("9999_12_31"));
+        }
+        open();
+        const QString before = text("periodlabel");
+        choose(find<QComboBox>("lengthbox"), 4);
+        QCOMPARE(text("periodlabel"), QStringLiteral("1 Jan 0001 to 20 Nov 2026: 27 of 739940 days logged"));
+        QCOMPARE(row(0)[1], QStringLiteral("nan kcal"));
+        for (const int order : {2, 3}) { // by the mean, either way
+            choose(find<QComboBox>("orderbox"), order);
+            QCOMPARE(row(60)[1].first(3), QStringLiteral("nan"));
+        }
+        choose(find<QComboBox>("orderbox"), 0);
+        for (int i = 0; i < 61; ++i)
+            press(chart(), Qt::Key_Down);
+        for (int page = 0; page < 3; ++page) {
+            find<QTabWidget>("tabs")->setCurrentIndex(page);
+            QVERIFY(!sheet()->grab().isNull());
+        }
+        QCOMPARE(find<TableView>("days")->model()->rowCount(), 27);
+        find<QTabWidget>("tabs")->setCurrentIndex(0);
+        choose(find<QComboBox>("lengthbox"), 1);
+        QCOMPARE(text("periodlabel"), before);
+    }
+
     void todayComesFromMemoryAndCountsWhenAskedFor()
     {
         start();
@@ -183,6 +243,8 @@ private slots:
         QCOMPARE(chart()->accessibleDescription(), text("cursorlabel"));
         press(chart(), Qt::Key_Left);
         QCOMPARE(text("cursorlabel"), QStringLiteral("Tue 10 Nov 2026: not logged; mean of seven days 440.00 kcal"));
+        press(chart(), Qt::Key_Home); // of seven days only one is logged
+        QCOMPARE(text("cursorlabel"), QStringLiteral("Thu 22 Oct 2026: 500.00 kcal, 25 % of the RDA"));
         choose(find<QComboBox>("lengthbox"), 3);
         goTo({2026, 11, 10});
         QVERIFY(text("cursorlabel").contains(QStringLiteral("9 Nov to 15 Nov 2026: mean 530.00 kcal, 5 of 7 days")));
@@ -211,6 +273,18 @@ private slots:
         QCOMPARE(LocalDay::dateOf(run->controller.curdate), QDate(2026, 11, 11));
         QCOMPARE(run->controller.datepicker->date(), QDate(2026, 11, 11));
         QCOMPARE(run->names(), QStringList({Bread, Juice}));
+    }
+
+    void aHeldEnterAndOneInTheTableOfNutrientsOpenNoDay()
+    {
+        open();
+        QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"), true);
+        QCoreApplication::sendEvent(chart(), &held);
+        QVERIFY(sheet()->isVisible());
+        figures()->setFocus();
+        press(figures(), Qt::Key_Return);
+        QVERIFY(sheet()->isVisible());
+        QVERIFY(!text("summarylabel").contains(QStringLiteral("known for"))); // all of it is
     }
 
     void theSourcesSayWhereItCameFrom()

@@ -221,6 +221,17 @@ private slots:
         QCOMPARE(run->entries(), (QStringList{QStringLiteral("A 1 g 0"), mealentries[0], mealentries[2]}));
     }
 
+    void endlessTextsAreCutOffInTheListAndAddedWhole()
+    {
+        const QString name(100000, u'n');
+        const QString unit(100000, u'u');
+        start({{1, {record(name, 1.0F, unit, 0)}}});
+        openSheet();
+        QVERIFY(rows().constFirst().size() < 3000);
+        press(Qt::Key_Return);
+        QCOMPARE(run->entries(), QStringList(name + QStringLiteral(" 1 ") + unit + QStringLiteral(" 0")));
+    }
+
     void leftAndRightGoToTheDaysThatHaveEntries()
     {
         const QVariantList one{record(B, 1.0F, QStringLiteral("g"), 0)};
@@ -236,6 +247,9 @@ private slots:
                 QStringLiteral("30 days before"), QStringLiteral("2 days before"), QStringLiteral("3 days after"),
                 QStringLiteral("3 days after")}));
         QCOMPARE(rows(), QStringList{QStringLiteral("[x] B 1.00 g")});
+        press(Qt::Key_Space); // the first entry is the current one
+        QCOMPARE(rows(), QStringList{QStringLiteral("[ ] B 1.00 g")});
+        press(Qt::Key_Space);
         press(Qt::Key_Return);
         QCOMPARE(run->names().last(), B);
     }

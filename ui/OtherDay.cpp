@@ -6,6 +6,7 @@
 #include "app/AppDelegate.h"
 #include "platform/NumberText.h"
 #include "ui/daysheet/DaySheet.h"
+#include "ui/table/TableCell.h"
 
 #include <QLocale>
 
@@ -50,8 +51,8 @@ void OtherDay::show(QDate day)
     told.title = QLocale::c().toString(day, QStringLiteral("ddd d MMM yyyy")) + QStringLiteral(" \u2013 ") + distance;
     for (const auto &food : controller.entriesOf(day)) {
         const QString amount = NumberText::fixed(double(food->curamount()), 2);
-        told.entries.push_back(
-            {food->name().value_or(QString()), amount, food->curunit().value_or(tr("g")), controller.holds(*food)});
+        told.entries.push_back({TableCell::shortened(food->name().value_or(QString())), amount,
+            TableCell::shortened(food->curunit().value_or(tr("g"))), controller.holds(*food)});
     }
     told.hasearlier = controller.otherLoggedDay(day, false).has_value();
     told.haslater = controller.otherLoggedDay(day, true).has_value();

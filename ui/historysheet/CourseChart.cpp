@@ -63,7 +63,7 @@ void CourseChart::layOut()
         high = std::max(high, amount);
     };
     for (const History::Bar &bar : content.course.bars)
-        show(bar.loggeddays > 0 ? bar.mean : 0.0);
+        show(bar.mean);
     for (const History::RunningMean &mean : content.course.running)
         show(mean.mean);
 

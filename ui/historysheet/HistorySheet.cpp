@@ -277,10 +277,12 @@ void HistorySheet::showPeriod(const QList<QDate> &incomplete)
         return incomplete.size() == 1 ? tr("1 day looks incomplete: %1").arg(named)
                                       : tr("%1 days look incomplete: %2").arg(incomplete.size()).arg(named);
     };
-    ui->incompletelabel->setText(sentence(HistoryText::someDays(incomplete, period.last)));
-    const QString all = sentence(HistoryText::allDays(incomplete, period.last));
-    ui->incompletelabel->setToolTip(QStringLiteral("<p>%1</p>").arg(all)); // as rich text it is wrapped
-    ui->leaveout->setAccessibleDescription(all);
+    constexpr qsizetype few = 5; // a line of them
+    constexpr qsizetype many = 200; // more are not on a screen at once, nor would anybody hear them out
+    ui->incompletelabel->setText(sentence(HistoryText::someDays(incomplete, few, period.last)));
+    const QString most = sentence(HistoryText::someDays(incomplete, many, period.last));
+    ui->incompletelabel->setToolTip(QStringLiteral("<p>%1</p>").arg(most)); // as rich text it is wrapped
+    ui->leaveout->setAccessibleDescription(most);
 }
 
 void HistorySheet::chooseNutrient(int index)

@@ -45,19 +45,13 @@ QString HistoryText::period(const History::Period &days)
     return days.first == days.last ? last : tr("%1 to %2").arg(shortDay(days.first, days.last), last);
 }
 
-QString HistoryText::someDays(const QList<QDate> &days, QDate beside)
-{
-    constexpr qsizetype most = 5;
-    const QString named = allDays(days.first(std::min(most, days.size())), beside);
-    return days.size() > most ? tr("%1 and %2 more").arg(named).arg(days.size() - most) : named;
-}
-
-QString HistoryText::allDays(const QList<QDate> &days, QDate beside)
+QString HistoryText::someDays(const QList<QDate> &days, qsizetype most, QDate beside)
 {
     QStringList names;
-    for (const QDate date : days)
+    for (const QDate date : days.first(std::min(most, days.size())))
         names.append(shortDay(date, beside));
-    return names.join(QStringLiteral(", "));
+    const QString named = names.join(QStringLiteral(", "));
+    return days.size() > most ? tr("%1 and %2 more").arg(named).arg(days.size() - most) : named;
 }
 
 QString HistoryText::mean(const History::NutrientFigures &figures, const QString &unit)

@@ -22,9 +22,8 @@ namespace HistoryText {
 [[nodiscard]] QString day(QDate date);
 // "23 Oct to 21 Nov 2026"
 [[nodiscard]] QString period(const History::Period &days);
-// The first few, and how many more.
-[[nodiscard]] QString someDays(const QList<QDate> &days, QDate beside);
-[[nodiscard]] QString allDays(const QList<QDate> &days, QDate beside);
+// The first ones, and how many more.
+[[nodiscard]] QString someDays(const QList<QDate> &days, qsizetype most, QDate beside);
 // "≥ 54.00 mg" where too little is known to say more.
 [[nodiscard]] QString mean(const History::NutrientFigures &figures, const QString &unit);
 // All of a nutrient's figures as one sentence.
