@@ -130,7 +130,7 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
 
 // What is meant where all the words together find nothing, nothing but baby food, or few foods: of "scone with jam" the
 // scone, else the names that match the most of the words. Few foods are only followed by those, up to a first glance's
-// worth, unless one of them is called what was typed.
+// worth, unless one of them is called what was typed. Foods of one's own among those take nobody's place.
 void FoodSearch::complete(Answer &whole, const QString &query) const
 {
     constexpr std::size_t glance = 5;
@@ -151,10 +151,15 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
     whole.readings.insert(whole.readings.end(), more.readings.begin(), more.readings.end());
     whole.partial = more.partial;
     const std::vector<FoodRank> first = whole.ranks;
-    for (const FoodRank &rank : more.ranks)
-        if (whole.ranks.size() < glance
-            && std::none_of(first.begin(), first.end(), [&](const FoodRank &each) { return each.name == rank.name; }))
-            whole.ranks.push_back(rank);
+    std::size_t shown = first.size(); // without those that follow because they are the person's own
+    for (const FoodRank &rank : more.ranks) {
+        if (shown >= glance)
+            return;
+        if (std::any_of(first.begin(), first.end(), [&](const FoodRank &each) { return each.name == rank.name; }))
+            continue;
+        whole.ranks.push_back(rank);
+        shown += rank.own == FoodRank::notOwn ? 1 : 0;
+    }
 }
 
 // The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.

@@ -378,6 +378,22 @@ private slots:
         QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
     }
 
+    void foodsOfOnesOwnPushNoOtherOutOfAFilledList()
+    {
+        const QString query = QStringLiteral("crispy bacon");
+        const std::vector<int> plain = search.search(query);
+        QHash<int, float> logged;
+        for (const int food : search.search(QStringLiteral("bacon")))
+            if (std::find(plain.begin(), plain.end(), food) == plain.end())
+                logged.insert(food, 1.0F);
+        FoodSearch mine(names);
+        mine.setOwnFoods(logged);
+        const std::vector<int> hits = mine.search(query);
+        QVERIFY(hits.size() > plain.size());
+        for (const int food : plain)
+            QVERIFY2(std::find(hits.begin(), hits.end(), food) != hits.end(), qPrintable(names[food]));
+    }
+
     void theMoreUsefulOfTwoFoodsOfOnesOwnComesFirst()
     {
         FoodSearch few({QStringLiteral("Rye"), QStringLiteral("Rye, old"), QStringLiteral("Rye, new")});
