@@ -127,7 +127,7 @@ public:
     {
         Draft first;
         for (const QByteArray &word : typed)
-            first.words.push_back({spelledAsSaid(word)});
+            first.words.push_back({spelledAsSaid(writtenOut(word))});
         drafts.push_back(first);
         addWithoutStopWords();
         for (std::size_t at = 0; at < drafts.size(); ++at) {

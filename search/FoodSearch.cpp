@@ -146,6 +146,8 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
         return;
     if (unmeant) {
         whole = std::move(more);
+        if (whole.partial)
+            addOtherFood(whole);
         return;
     }
     whole.readings.insert(whole.readings.end(), more.readings.begin(), more.readings.end());
@@ -197,6 +199,50 @@ FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
         = std::find_if(full, answer.ranks.end(), [&](const FoodRank &each) { return each.missing != full->missing; });
     answer.ranks.erase(others, answer.ranks.end());
     return answer;
+}
+
+// Of "bagel cream cheese" a bagel is eaten as well: where the words that the best name lacks are what another food is
+// called, its likeliest forms stand among the first too, in the order in which the two were typed.
+void FoodSearch::addOtherFood(Answer &partial) const
+{
+    constexpr std::size_t formsofone = 3;
+    const FoodIndex::Name &best = index->names()[static_cast<std::size_t>(partial.ranks.front().name)];
+    const FoodIndex::NameWord *words = index->wordsOf(best);
+    const auto lacks = [&](const FoodQuery::Term &term) {
+        return std::none_of(words, words + best.count,
+            [&](const FoodIndex::NameWord &word) { return term.match(word) != Match::None; });
+    };
+    const auto isKnown = [](const FoodQuery::Term &term) { return term.found && !term.corrected; };
+    std::vector<FoodQuery::Reading> lacking;
+    bool before = false;
+    for (const FoodQuery::Reading &reading : partial.readings) {
+        const auto &terms = reading.terms;
+        if (!lacks(terms.front()) && !lacks(terms.back()))
+            continue; // "cheese and onion crisps" are no onions
+        const auto from = std::find_if(terms.begin(), terms.end(), lacks);
+        const auto to = std::find_if_not(from, terms.end(), lacks);
+        const bool apart = std::any_of(to, terms.end(), lacks);
+        if (apart || to - from == std::ssize(terms) || !std::all_of(from, to, isKnown))
+            continue;
+        before = before || from == terms.begin();
+        lacking.push_back({{from, to}, reading.bySynonym});
+    }
+    const Answer other = rank(std::move(lacking), false);
+    if (other.ranks.empty())
+        return;
+    const FoodRank &first = other.ranks.front();
+    if (first.tier != FoodRank::Tier::WholeHead || first.forFew || first.ofBrand || first.prefixes > 0)
+        return;
+    std::vector<FoodRank> &ranks = partial.ranks;
+    std::size_t put = before ? 0 : std::min(formsofone, ranks.size());
+    for (std::size_t i = 0; i < std::min(formsofone, other.ranks.size()); ++i) {
+        const FoodRank &rank = other.ranks[i];
+        if (rank.tier != first.tier)
+            return;
+        std::erase_if(ranks, [&](const FoodRank &each) { return each.name == rank.name; });
+        put = std::min(put, ranks.size());
+        ranks.insert(ranks.begin() + static_cast<std::ptrdiff_t>(put++), rank);
+    }
 }
 
 FoodSearch::Answer FoodSearch::rank(std::vector<FoodQuery::Reading> from, bool partial) const

@@ -5,6 +5,7 @@
 
 #include "search/SynonymTable.h"
 
+#include <QHash>
 #include <QList>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ std::vector<QByteArray> wordsOf(const QByteArray &text)
 void add(std::vector<FoodSynonym> &list, const QByteArray &said, const QByteArray &meant)
 {
     FoodSynonym synonym{wordsOf(said), wordsOf(meant)};
+    std::transform(synonym.said.begin(), synonym.said.end(), synonym.said.begin(), writtenOut);
     if (synonym.said != synonym.meant)
         list.push_back(std::move(synonym));
 }
@@ -75,6 +77,18 @@ const std::vector<FoodSynonym> &foodSynonyms()
         return list;
     }();
     return synonyms;
+}
+
+QByteArray writtenOut(const QByteArray &word)
+{
+    static const QHash<QByteArray, QByteArray> wholewords = [] {
+        QHash<QByteArray, QByteArray> all;
+        for (const SynonymTable::Row &row : SynonymTable::abbreviations())
+            for (const QByteArray &shortform : wordsOf(row.said))
+                all.insert(shortform, row.meant);
+        return all;
+    }();
+    return wholewords.value(word, word);
 }
 
 const QSet<QByteArray> &foodSynonymWords()

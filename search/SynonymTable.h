@@ -15,4 +15,7 @@ struct Row {
 
 [[nodiscard]] std::span<const Row> rows();
 
+// What people write short: ways to do so, parted by blanks, and the word. None of them is a word of its own.
+[[nodiscard]] std::span<const Row> abbreviations();
+
 } // namespace SynonymTable

@@ -5,6 +5,7 @@
 #include "search/FoodSearch.h"
 #include "search/FoodSynonyms.h"
 #include "search/FoodWords.h"
+#include "search/SynonymTable.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -376,6 +377,52 @@ private slots:
         QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
         mine.setOwnFoods({{-1, 1.0F}, {static_cast<int>(names.size()), 1.0F}});
         QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
+    }
+
+    void ofTwoFoodsBothStandAmongTheFirst()
+    {
+        const auto isFound = [&](const char *query, const char *one, const char *other) {
+            const QStringList first = found(QString::fromLatin1(query), 5);
+            return first.value(0).startsWith(QLatin1String(one)) && first.value(3).startsWith(QLatin1String(other));
+        };
+        QVERIFY(isFound("bagel cream cheese", "Bagels, plain", "Cheese, cream"));
+        QVERIFY(isFound("latte skimmed milk", "Coffee, brewed", "Milk, nonfat"));
+        // What stands in the middle, or is misspelt, tells more of the one food.
+        QVERIFY(found(QStringLiteral("cheese and onion crisps"), 10).filter(QStringLiteral("Onions")).isEmpty());
+        QVERIFY(found(QStringLiteral("salt and vinegar crisps"), 10).filter(QStringLiteral("Vinegar")).isEmpty());
+    }
+
+    void aStateThatNoNameHasDoesNotHideTheFood()
+    {
+        QCOMPARE(found(QStringLiteral("almonds raw")).value(0), QStringLiteral("Nuts, almonds"));
+        QCOMPARE(found(QStringLiteral("almonds raw")), found(QStringLiteral("almonds")));
+    }
+
+    void whatHasToBeMadeUpFirstComesAfterWhatIsReady()
+    {
+        for (const char *query : {"gravy", "lemonade", "instant coffee", "hot chocolate", "iced tea"}) {
+            const QString name = found(QString::fromLatin1(query)).value(0);
+            const bool dry = name.contains(QRegularExpression(QStringLiteral("\\b(dry|powder|mix)\\b")));
+            QVERIFY2(!dry || name.contains(QStringLiteral("prepared")), qPrintable(name));
+        }
+        QVERIFY(found(QStringLiteral("dry gravy")).value(0).contains(QStringLiteral("dry")));
+        QVERIFY(!found(QStringLiteral("rotisserie chicken")).value(0).contains(QStringLiteral("skin only")));
+    }
+
+    void aShortFormIsReadAsTheWholeWord()
+    {
+        QCOMPARE(found(QStringLiteral("yorkshire pud")), found(QStringLiteral("yorkshire pudding")));
+        QCOMPARE(found(QStringLiteral("mac & chz")), found(QStringLiteral("mac & cheese")));
+        QCOMPARE(found(QStringLiteral("jacket spuds")), found(QStringLiteral("jacket potato")));
+        // Who types on from one is still on the way to the word.
+        QStringList others;
+        for (const SynonymTable::Row &row : SynonymTable::abbreviations())
+            for (const QByteArray &shortform : QByteArray(row.said).split(' '))
+                for (const QString &name : names)
+                    for (const FoodWords::Token &word : FoodWords::tokenize(name))
+                        if (word.text.startsWith(shortform) && !word.text.startsWith(QByteArray(row.meant).left(4)))
+                            others << QString::fromLatin1(shortform + " begins " + word.text);
+        QVERIFY2(others.isEmpty(), qPrintable(others.join(u'\n')));
     }
 
     void foodsOfOnesOwnPushNoOtherOutOfAFilledList()
