@@ -67,9 +67,10 @@ const std::vector<FoodSynonym> &foodSynonyms()
 {
     static const std::vector<FoodSynonym> synonyms = [] {
         std::vector<FoodSynonym> list;
-        for (const SynonymTable::Row &row : SynonymTable::rows())
-            for (const QByteArray &said : QByteArray(row.said).split('|'))
-                add(list, said, row.meant);
+        for (const auto &rows : {SynonymTable::rows(), SynonymTable::brands()})
+            for (const SynonymTable::Row &row : rows)
+                for (const QByteArray &said : QByteArray(row.said).split('|'))
+                    add(list, said, row.meant);
         addLacks(list);
         // What is said in more words says more: it is the first to be read.
         std::stable_sort(list.begin(), list.end(),

@@ -773,6 +773,158 @@ constexpr Row table[] = {
     {"wholegrain|whole grain", "whole grain|wheat"},
     {"stewed", "cooked|stewed"},
     {"canned|tinned|tin", "canned"},
+    // what is on the plate, in the cup and in the lunch box
+    {"rocket salad|arugula salad|baby rocket|rocket leaf|wild rocket|roquette", "arugula"},
+    {"shrimp cocktail|prawn cocktail|cocktail shrimp|cocktail prawn|prawn salad|prawn mayo|prawn mayo sandwich|prawn "
+     "sandwich|shrimp salad|garlic prawn|shrimp scampi",
+        "shrimp cooked"},
+    {"sausage roll|sausage biscuit", "biscuit sausage"},
+    {"frozen berry|frozen fruit|frozen mixed berry", "strawberries|blueberries|raspberries|blackberries frozen"},
+    {"berry", "blueberries|raspberries|strawberries|blackberries"},
+    {"cheese on toast|cheese toast", "cheese cheddar"},
+    {"meatloaf|meat loaf|beef loaf", "beef ground 80 loaf"},
+    {"ham cheese toastie|ham toastie|ham cheese panini|panini|ham cheese melt|croque|grilled ham cheese|toasted ham "
+     "cheese|ham cheese croissant sandwich",
+        "ham cheese sandwich"},
+    {"bacon roll|bacon bap|bacon sandwich|bacon cob|bacon barm", "bacon"},
+    {"chip butty|chip sandwich|loaded fries|cheese fries|cheesy chip|chips cheese|chip cheese|chili cheese fries|chips "
+     "gravy|chip gravy|chips curry sauce|cheesy fries|skinny fries|salad chip|fries large",
+        "potato french fried"},
+    {"eggy bread", "french toast"},
+    {"cheese omelette|ham omelette|mushroom omelette|ham cheese omelette|western omelette|spanish omelet|denver "
+     "omelette|veggie omelette|plain omelette|vegetable omelet|spinach omelette",
+        "egg omelet"},
+    {"egg soldier|soft egg|runny egg|coddled egg|egg cress|egg cress sandwich|egg mayo sandwich",
+        "egg hard boiled|poached"},
+    {"cobb salad|chef salad|chefs salad", "salad vegetables tossed|vegetable turkey|egg"},
+    {"chicken salad|grilled chicken salad|chicken salad sandwich", "salad vegetable chicken"},
+    {"pasta salad|tuna pasta salad|seafood salad", "salad pasta seafood"},
+    {"french dip|beef dip|roast beef sub|hot roast beef sandwich", "roast beef sandwich"},
+    {"slider|patty melt", "hamburger|cheeseburger"},
+    {"brat|brats|beer brat", "bratwurst"},
+    {"lil smokies|little smokies|cocktail sausage|cocktail weiner|mini sausage|frankfurt|saveloy|cheerio sausage",
+        "sausage|frankfurter smoked|vienna|meat"},
+    {"texas toast|garlic baguette|cheesy garlic bread|dough ball|garlic ciabatta", "garlic bread"},
+    {"crescent roll|parker house roll|hawaiian roll|brioche bun|kaiser roll|soft roll|crusty roll", "rolls"},
+    {"potato gratin|potatoes gratin|dauphinoise|potato dauphinoise|cheesy potato|potato bake", "potatoes au gratin"},
+    {"scalloped potato|creamed potato|creamy mash", "potatoes scalloped|mashed"},
+    {"lamb chop|lamb loin chop|lamb steak", "lamb loin|leg cooked|broiled"},
+    {"roast lamb|lamb roast|leg of lamb|lamb leg|lamb joint", "lamb leg roasted"},
+    {"liver onion|liver and onion|liver bacon|lambs liver|calves liver|beef liver", "liver cooked"},
+    {"gammon|gammon steak|gammon joint|baked ham|ham steak|ham joint|christmas ham|glazed ham|holiday ham",
+        "ham cured cooked|roasted|heated"},
+    {"battered cod|cod batter|beer battered fish|fish in batter|breaded cod|breaded haddock|fish goujon|haddock "
+     "goujon|battered haddock|chip shop fish|fried fish fillet|fried cod",
+        "fish portions sticks"},
+    {"sea bass|seabass", "bass"},
+    {"tuna steak|ahi tuna|seared tuna", "tuna fresh cooked|bluefin|yellowfin"},
+    {"tender stem|tenderstem|tenderstem broccoli|purple sprouting|purple sprouting broccoli|broccoli "
+     "floret|broccolini|stem broccoli|broccoli crown",
+        "broccoli"},
+    {"sugar snap|sugar snaps|sugarsnap", "peas edible podded"},
+    {"beansprout|bean shoot|beanshoot", "mung beans sprouted"},
+    {"mixed pepper|romano pepper|pointed pepper|pepper strip|pepper slice|stir fry pepper", "peppers sweet"},
+    {"red grape|green grape|white grape|black grape|seedless grape|grape red|grape green", "grapes red green"},
+    {"melon|gala melon|galia melon|melon slice|melon chunk", "melons cantaloupe|honeydew"},
+    {"curry sauce|curry paste|katsu sauce|katsu curry sauce|chip shop curry sauce", "curry powder"},
+    {"mint sauce|fresh mint", "spearmint|peppermint"},
+    {"tartare sauce|tartare", "sauce tartar"},
+    {"marie rose|marie rose sauce|seafood sauce|cocktail sauce|burger sauce|big mac sauce", "thousand island"},
+    {"aioli|garlic mayo|light mayo|hellmanns|kewpie|japanese mayo|lighter mayo|extra light mayo", "mayonnaise"},
+    {"red sauce|tomato ketchup|tommy k|ketchup sachet|heinz ketchup", "catsup"},
+    {"houmous|humous|humus|hommus|hummous|houmus", "hummus"},
+    {"sweet chilli|sweet chilli sauce|sweet chili sauce|peri sauce|piri|piri sauce|buffalo sauce|cholula", "sauce hot"},
+    {"caesar", "dressing caesar"},
+    {"caesar salad", "dressing caesar"},
+    {"caesar salad|side caesar|chicken caesar|chicken caesar salad|caesar chicken|caesar salad chicken",
+        "mcdonalds caesar salad"},
+    {"italian dressing", "dressing italian"},
+    {"white coffee sugar|black coffee sugar|coffee milk sugar|coffee cream sugar|white coffee|milky coffee|coffee with "
+     "cream|coffee with sugar|coffee with milk sugar|coffee oat milk|coffee almond milk|coffee splash milk",
+        "coffee brewed"},
+    {"vanilla latte|caramel latte|oat latte|oat milk latte|soy latte|pumpkin spice latte|psl|caramel macchiato|iced "
+     "caramel macchiato|gingerbread latte|hazelnut latte|almond latte|coconut latte|skinny cappuccino|oat flat "
+     "white|oat cappuccino|magic coffee|double shot|iced mocha|iced cappuccino|chai latte coffee|vanilla "
+     "coffee|affogato|irish coffee",
+        "coffee brewed"},
+    {"tea sugar|tea milk sugar|tea with honey|yorkshire tea|ceylon tea|assam|darjeeling|decaf tea|english tea|rosie "
+     "lee",
+        "tea black brewed"},
+    {"bubble tea|boba|boba tea|milk tea|thai tea|iced green tea|arizona tea|nestea", "tea instant|ready"},
+    {"cab sav|cab sauv|cabernet", "wine red cabernet"},
+    {"sauv blanc|savvy b|marlborough sauvignon|sav blanc", "wine white sauvignon blanc"},
+    {"vodka cranberry|vodka redbull|vodka red bull|vodka soda lime|vodka orange|screwdriver|moscow mule|vodka "
+     "shot|vodka cran|bloody mary|cosmo|espresso martini|white russian",
+        "distilled vodka"},
+    {"old fashioned|whiskey soda|scotch soda|whisky soda|jack and coke|hot toddy|whisky shot|single malt",
+        "distilled whiskey"},
+    {"rum punch|dark stormy|long island iced tea|long island|cuba "
+     "libre|pimms|pimm|jagerbomb|jager|jagermeister|singapore sling|caipirinha|paloma|tequila shot|tequila soda",
+        "alcoholic distilled all"},
+    {"cider|strongbow|magners|bulmers|kopparberg|pear cider|dry cider|fruit cider|angry orchard|rekorderlig",
+        "beer regular|light"},
+    {"fizzy orange|orange fizz|orange squash fizzy|diet fanta orange", "carbonated orange"},
+    {"babyccino|warm milk|hot milk|steamed milk", "milk whole 3"},
+    {"tap water|hot water|ice water|iced water|lemon water|evian|volvic|buxton|fiji water|smart water|filtered water",
+        "water tap|bottled"},
+    {"flapjack", "granola bars"},
+    {"chocolate muffin|chocolate chip muffin|double chocolate muffin|lemon muffin|lemon poppy seed muffin|poppy seed "
+     "muffin|cranberry muffin|morning glory muffin|carrot muffin|banana muffin|raspberry muffin",
+        "muffins|muffin blueberry|plain|oat"},
+    {"iced bun|finger bun|chelsea bun|belgian bun|cinnamon bun|cinnabon|cinnamon scroll|sticky bun|honey bun|iced "
+     "finger|coffee scroll",
+        "sweet rolls|buns cinnamon"},
+    {"brownie bite|chocolate brownie|fudge brownie|blondie|rocky road", "brownies|brownie"},
+    {"banana loaf|banana cake|banana bread slice", "bread banana"},
+    {"lemon drizzle|lemon drizzle cake|madeira cake|loaf cake|lemon cake|vanilla cake|victoria "
+     "sandwich|battenberg|birthday cake slice",
+        "cake pound|yellow|sponge"},
+    {"red velvet|red velvet cake|chocolate fudge cake|chocolate cake slice|mud cake|devils food cake|choc cake|lava "
+     "cake|molten chocolate cake|death by chocolate",
+        "cake chocolate"},
+    {"jelly ice cream|jelly and ice cream|jelly pot|jello cup|jell o cup|jelly cup", "gelatin desserts"},
+    {"banana custard|rhubarb custard|custard pie|custard slice|vanilla slice|portuguese tart|pastel de nata",
+        "egg custard|custards"},
+    {"chocolate mousse|choc mousse|choc pot|chocolate pot|chocolate dessert|chocolate pudding pot|snack pack|pudding "
+     "cup|chocolate pudding cup",
+        "puddings|pudding chocolate"},
+    {"rice pud|ambrosia rice|muller rice|tinned rice pudding|creamed rice", "puddings rice"},
+    {"pancake stack|short stack|american pancake|pancake lemon sugar|scotch pancake|drop scone|silver dollar "
+     "pancake|protein pancake|shrove pancake",
+        "pancakes plain"},
+    {"popcorn salted|salted popcorn|microwave popcorn|cinema popcorn|movie popcorn|sweet popcorn|toffee popcorn|skinny "
+     "pop|smartfood",
+        "snacks popcorn"},
+    {"salted peanut|dry roasted peanut|roasted peanut|honey roasted peanut|beer nut|monkey nut|peanut salted",
+        "peanuts roasted"},
+    {"salt vinegar crisp|salt vinegar chip|ready salted|ready salted crisp|prawn cocktail crisp|smoky bacon "
+     "crisp|chicken crisp|ketchup chip|all dressed chip|dill pickle chip|salt vinegar potato chip|salted crisp",
+        "snacks potato chips plain salted"},
+    {"full breakfast|cooked breakfast|irish breakfast|scottish breakfast|all day breakfast|breakfast plate|big "
+     "breakfast|eggs and bacon|bacon and egg|bacon egg|egg bacon",
+        "egg fried|scrambled whole"},
+    {"toast jam|jam on toast|toast butter jam|toast marmalade|marmalade on toast|toast nutella|nutella on toast|toast "
+     "marmite|marmite on toast|vegemite toast|vegemite on toast|honey on toast|toast honey|buttered toast|toast "
+     "butter|toast slice|peanut butter toast|toast peanut butter|peanut butter on toast|pb toast",
+        "bread toasted"},
+    {"toast soldier|dry toast", "bread white toasted"},
+    {"avo toast egg|smashed avo|smashed avo toast|smashed avocado|avo on toast|avocado smash", "avocados raw"},
+    {"yogurt granola|granola yogurt|yogurt bowl|yogurt and fruit|yogurt berry|fruit yogurt granola|parfait|yogurt "
+     "parfait",
+        "yogurt fruit|parfait"},
+    {"acai bowl|smoothie bowl|green smoothie|berry smoothie|strawberry smoothie|banana smoothie|mango "
+     "smoothie|innocent smoothie|naked juice",
+        "juice strawberry|orange banana"},
+    {"protein ball|energy ball|date bar|nakd bar|nakd|larabar|rxbar|kind bar|nature valley bar|special k bar|alpen "
+     "bar|tracker bar|flapjack bar|oat bar",
+        "granola bars|bar"},
+    {"soup and sandwich|soup bread|soup roll", "soup vegetable"},
+    {"leek potato soup|potato leek soup|leek soup", "soup leek|potato"},
+    {"butternut squash soup|carrot soup|carrot coriander soup|roasted pepper soup|root vegetable soup|squash "
+     "soup|minestrone|scotch broth|cabbage soup|veg soup|vegetable soup",
+        "soup vegetable|minestrone"},
+    {"broccoli stilton soup|broccoli cheddar soup|broccoli cheese soup|broccoli soup|cream of broccoli",
+        "soup broccoli"},
 };
 
 } // namespace
