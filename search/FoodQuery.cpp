@@ -46,6 +46,12 @@ bool isSame(const QByteArray &a, const QByteArray &b)
     return std::find(others.begin(), others.end(), b) != others.end();
 }
 
+// What is said in the plural has no singular: "greens" are leaves, and green is a colour.
+bool isSaidAs(const QByteArray &typed, const QByteArray &said)
+{
+    return isSame(typed, said) && !(said.size() == typed.size() + 1 && said.endsWith('s'));
+}
+
 bool matchAs(Term &term, int word, Match match)
 {
     if (word < 0)
@@ -206,7 +212,7 @@ private:
                 bool same = true;
                 for (std::size_t i = 0; i < count && same; ++i) {
                     const DraftWord &word = draft.words[first + i];
-                    same = word.typed && isSame(word.text, synonym.said[i]);
+                    same = word.typed && isSaidAs(word.text, synonym.said[i]);
                 }
                 if (!same)
                     continue;

@@ -925,6 +925,72 @@ constexpr Row table[] = {
         "soup vegetable|minestrone"},
     {"broccoli stilton soup|broccoli cheddar soup|broccoli cheese soup|broccoli soup|cream of broccoli",
         "soup broccoli"},
+    {"pho|beef pho|beef noodle soup|ramen soup beef", "soup beef noodle"},
+    {"chicken pho|chicken noodle bowl|jewish penicillin|matzo soup", "soup chicken noodle"},
+    {"elote|street corn|mexican street corn|esquites|corn rib|corn cobette", "corn sweet yellow"},
+    {"bibimbap|donburi|bento|bento box|rice bowl|onigiri|jollof|jollof rice|arancini|egg rice|rice dish|coconut "
+     "rice|dirty rice|spanish rice|mexican rice|cilantro lime rice|boiled rice|sticky rice|rice ball",
+        "rice white cooked"},
+    {"tom yum|tom kha|laksa|tom yum soup|hot sour", "soup hot sour|shrimp|chicken"},
+    {"banh mi|po boy|muffuletta|grinder|torta", "submarine sandwich"},
+    {"birria|birria taco|street taco|carnitas taco|barbacoa taco|beef taco|soft taco|hard taco|crunchy taco",
+        "taco beef"},
+    {"chicken taco|fish taco|shrimp taco", "taco chicken|cheese"},
+    {"chilaquiles|loaded nacho|nacho cheese|nacho plate", "nachos cheese"},
+    {"feijoada|frijoles negros|black bean dip|black bean stew", "black beans cooked|canned"},
+    {"bean dip|refried bean dip|frijoles", "refried beans"},
+    {"katsu curry|chicken katsu|chicken katsu curry|karaage|chicken schnitzel burger|southern fried chicken|fried "
+     "chicken",
+        "chicken fried"},
+    {"tonkatsu|pork schnitzel|pork katsu|breaded pork|pork cutlet", "pork loin cooked"},
+    {"char siu|roast pork belly|pork belly|crispy pork", "pork belly|loin"},
+    {"peking duck|aromatic duck|duck pancake|roast duck|duck leg|duck confit|confit duck", "duck meat cooked"},
+    {"mapo tofu|tofu scramble|scrambled tofu|fried tofu|crispy tofu|tofu stir fry|tofu puff|agedashi tofu|baked tofu",
+        "tofu"},
+    {"yakisoba|chow fun|chinese noodle|stir fry noodle|stir fried noodle|singapore noodle|mee goreng|chicken "
+     "noodles|hakka noodle",
+        "noodles chinese|rice|egg"},
+    {"pad see ew|drunken noodle|pancit|bun cha|rice stick|glass noodle|cellophane noodle|japchae",
+        "noodles rice|cellophane"},
+    {"lumpia|imperial roll|summer roll|rice paper roll|vietnamese roll|prawn roll", "egg rolls"},
+    {"wonton broth|wonton soup", "wonton"},
+    {"chicken adobo|adobo chicken|jerk chicken|chicken tagine|chicken stew|coronation chicken|chicken "
+     "paprikash|chicken chasseur|chicken provencal|chicken cacciatora|thai chicken|chicken basquaise|green thai "
+     "curry|green curry|thai green curry|thai red curry|red curry|thai curry|massaman|panang|panang curry|yellow "
+     "curry|japanese curry|curry|chip shop curry",
+        "chicken meat cooked|stewed"},
+    {"pav bhaji|dum aloo|patatas bravas|potato curry|sag aloo|fried potato|pan fried potato|breakfast potato|crispy "
+     "potato",
+        "potatoes hashed|boiled|fried"},
+    {"gulab jamun|jalebi|dough balls sweet", "doughnuts"},
+    {"kheer|arroz con leche|milk rice", "rice pudding|puddings"},
+    {"bouillabaisse|cioppino|fish soup|fisherman stew", "soup clam|fish|shrimp"},
+    {"gazpacho|bortsch|beetroot soup", "soup gazpacho|tomato|vegetable"},
+    {"halloumi fries|saganaki|fried cheese|grilled halloumi", "cheese queso|mozzarella"},
+    {"loukaniko|merguez|boerewors|cumberland sausage|lincolnshire sausage|pork banger|bratwurst "
+     "bun|chipolata|chipolatas|irish sausage|sausage and egg",
+        "pork sausage"},
+    {"injera|arepas|lavash|lefse|barbari|pide|khobz|soft flatbread", "bread pita"},
+    {"uncrustable|peanut butter banana|peanut butter honey|peanut butter jelly sandwich|pb banana", "peanut butter"},
+    {"lunchable|cheese crackers|cheese and crackers|crackers brie", "crackers cheese"},
+    {"turkey club|turkey panini|turkey bagel|turkey roll|turkey hoagie|turkey blt|turkey ciabatta|turkey "
+     "baguette|turkey toastie|club sandwich turkey|turkey melt",
+        "turkey breast sliced|luncheon"},
+    {"chicken wrap|chicken caesar wrap|chicken panini|chicken baguette|chicken roll|chicken bagel|chicken "
+     "toastie|chicken ciabatta|chicken pita|chicken bap|chicken blt|chicken club|grilled chicken sandwich|grilled "
+     "chicken wrap|buffalo chicken wrap|buffalo chicken sandwich",
+        "chicken fillet|filet|grilled sandwich"},
+    {"tuna wrap|tuna baguette|tuna sub|tuna bagel|tuna panini|tuna mayo baguette|tuna cucumber sandwich|tuna "
+     "crunch|tuna jacket|tuna sweetcorn",
+        "tuna salad"},
+    {"ham roll|ham baguette|ham wrap|ham bap|ham salad sandwich|ham sub|ham bagel|ham salad roll|ham mustard "
+     "sandwich|ham pickle sandwich",
+        "ham cheese sandwich"},
+    {"cheese baguette|cheese bap|cheese salad sandwich|cheese pickle sandwich|cheese tomato sandwich|cheese tomato "
+     "toastie|cheese onion toastie|cheese bagel|cheese savoury sandwich",
+        "cheese cheddar"},
+    {"steak baguette|steak wrap|steak bake|beef baguette|beef sandwich|roast beef roll|steak slice",
+        "roast beef sandwich"},
 };
 
 } // namespace

@@ -425,6 +425,12 @@ private slots:
         QVERIFY2(others.isEmpty(), qPrintable(others.join(u'\n')));
     }
 
+    void whatIsSaidInThePluralHasNoSingular()
+    {
+        QVERIFY(found(QStringLiteral("greens")).value(0).startsWith(QLatin1String("Collards")));
+        QVERIFY(found(QStringLiteral("green")).filter(QStringLiteral("Collards")).isEmpty());
+    }
+
     void foodsOfOnesOwnPushNoOtherOutOfAFilledList()
     {
         const QString query = QStringLiteral("crispy bacon");
