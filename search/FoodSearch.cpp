@@ -94,13 +94,16 @@ const std::vector<int> &FoodSearch::search(const QString &query)
 }
 
 // A counted word that is no part of the food is a measure that nobody has heard of: "2 dollops honey" are no two
-// honeys.
+// honeys. But "3 delicious eggs" are three eggs, as several of a measure would be said in the plural.
 void FoodSearch::judgeCounted(FoodQuantity &quantity) const
 {
     if (!quantity.isPieces() || quantity.counted.isEmpty() || quantity.foodwords.size() < 2 || last.ranks.empty())
         return;
+    const bool plural = quantity.counted.endsWith('s') && !quantity.counted.endsWith("us");
+    const bool adjective = FoodLexicon::isServing(quantity.counted) || FoodLexicon::tellsState(quantity.counted)
+        || quantity.counted == "whole" || (quantity.count > 1 && !plural);
     const QStringList missing = missingWords(last.ranks.front().name);
-    if (missing.contains(QString::fromLatin1(quantity.counted)))
+    if (!adjective && missing.contains(QString::fromLatin1(quantity.counted)))
         quantity.unit.name = quantity.counted;
 }
 
