@@ -203,8 +203,10 @@ private:
         drafts.push_back(changed);
     }
 
+    // The last word of several may still be on its way.
     void addSynonyms(std::size_t number)
     {
+        constexpr qsizetype shortest = 3;
         const Draft draft = drafts[number];
         for (const FoodSynonym &synonym : foodSynonyms()) {
             const std::size_t count = synonym.said.size();
@@ -212,7 +214,10 @@ private:
                 bool same = true;
                 for (std::size_t i = 0; i < count && same; ++i) {
                     const DraftWord &word = draft.words[first + i];
-                    same = word.typed && isSaidAs(word.text, synonym.said[i]);
+                    const bool last = i > 0 && first + i + 1 == draft.words.size();
+                    same = word.typed
+                        && (isSaidAs(word.text, synonym.said[i])
+                            || (last && word.text.size() >= shortest && synonym.said[i].startsWith(word.text)));
                 }
                 if (!same)
                     continue;
@@ -267,8 +272,10 @@ private:
                 return false;
             reading.terms.push_back(std::move(term));
         }
-        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(),
-            [](const Term &term) { return term.found && !term.corrected && !FoodLexicon::isCut(term.text); });
+        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(), [](const Term &term) {
+            return term.found && !term.corrected && !FoodLexicon::isCut(term.text)
+                && !(term.text[0] >= '0' && term.text[0] <= '9');
+        });
         if (noun != reading.terms.rend())
             noun->noun = true;
         for (Term &term : reading.terms)

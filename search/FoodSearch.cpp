@@ -171,8 +171,9 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
 FoodSearch::Answer FoodSearch::answerToMain(const QString &query) const
 {
     std::vector<QByteArray> words = QueryWords::of(query);
-    const auto joint = std::find_if(words.begin(), words.end(),
-        [](const QByteArray &word) { return word == "with" || word == "on" || word == "in"; });
+    const auto joint = std::find_if(words.begin(), words.end(), [](const QByteArray &word) {
+        return word == "with" || word == "without" || word == "no" || word == "on" || word == "in";
+    });
     if (joint == words.begin() || joint == words.end())
         return {};
     std::vector<QByteArray> rest(joint, words.end());

@@ -58,6 +58,7 @@ void addLacks(std::vector<FoodSynonym> &list)
     addLack(list, "caffeine", "decaffeinated");
     addLack(list, "meat", "meatless|vegetarian|veggie");
     addLack(list, "dairy", "soy|soymilk|nondairy");
+    addLack(list, "dressing", "without dressing");
     addLack(list, "calorie", "calorie low|free|reduced|zero");
 }
 

@@ -206,6 +206,10 @@ private:
             value += rest.value_or(0);
         }
         if (isOfFood() || !(value > 0)) {
+            if (letter(at) == u'/' && isDigit(letter(at + 1))) { // "90/10"
+                ++at;
+                (void)readDigits();
+            }
             readWord(start);
             return;
         }

@@ -530,7 +530,7 @@ constexpr Row table[] = {
     {"hot pocket|lean pocket", "pockets"},
     {"tim horton", "coffee brewed"},
     {"chocolate bar|candy bar|dairy milk|hershey bar|cadbury|choc bar|milk chocolate bar", "candies milk chocolate"},
-    {"candy|sweet|lolly", "candies"},
+    {"candy|lolly", "candies"},
     {"key lime pie|lemon pie", "pie lemon"},
     {"banoffee pie|banoffi pie", "pie banana"},
     {"cake slice|birthday cake|layer cake", "cake yellow frosting"},
@@ -921,7 +921,7 @@ constexpr Row table[] = {
     {"soup and sandwich|soup bread|soup roll", "soup vegetable"},
     {"leek potato soup|potato leek soup|leek soup", "soup leek|potato"},
     {"butternut squash soup|carrot soup|carrot coriander soup|roasted pepper soup|root vegetable soup|squash "
-     "soup|minestrone|scotch broth|cabbage soup|veg soup|vegetable soup",
+     "soup|minestrone|scotch broth|cabbage soup",
         "soup vegetable|minestrone"},
     {"broccoli stilton soup|broccoli cheddar soup|broccoli cheese soup|broccoli soup|cream of broccoli",
         "soup broccoli"},
@@ -991,6 +991,22 @@ constexpr Row table[] = {
         "cheese cheddar"},
     {"steak baguette|steak wrap|steak bake|beef baguette|beef sandwich|roast beef roll|steak slice",
         "roast beef sandwich"},
+    {"coffee no sugar|black coffee no sugar|coffee no milk|coffee unsweetened|latte no sugar|unsweetened coffee|coffee "
+     "sugar free|coffee without sugar|black coffee without sugar|unsweetened latte",
+        "coffee brewed"},
+    {"tea no sugar|tea no milk|black tea|tea without sugar|unsweetened tea hot|plain tea|tea unsweetened hot",
+        "tea black brewed"},
+    {"bread butter|bread and butter|bread with butter|slice bread butter|bread jam|bread honey|bread nutella|bread "
+     "marmite",
+        "bread white commercially prepared"},
+    {"fruit cup|fruit pot|fruit bowl|tinned fruit|canned fruit", "fruit cocktail|salad"},
+    {"zoodle|courgetti|zucchini noodle|courgette noodle|courgette spaghetti|spiralized zucchini", "zucchini"},
+    {"hot dog with bun|hot dog in bun|hotdog with bun|hotdog in bun|chili dog|hot dog mustard|hot dog ketchup",
+        "hotdog"},
+    {"pbj sandwich|pb j sandwich|peanut butter sandwich", "peanut butter smooth|chunk"},
+    {"fruit scone|cheese scone|plain scone|scone jam|scone jam cream|cream tea|sultana scone|scone butter",
+        "biscuits plain"},
+    {"cold brew black|long black no sugar|espresso no sugar", "coffee brewed espresso|grounds"},
 };
 
 } // namespace

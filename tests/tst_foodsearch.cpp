@@ -431,6 +431,23 @@ private slots:
         QVERIFY(found(QStringLiteral("green")).filter(QStringLiteral("Collards")).isEmpty());
     }
 
+    void theLastWordOfASynonymMayStillBeOnItsWay()
+    {
+        QCOMPARE(found(QStringLiteral("digestive bisc")), found(QStringLiteral("digestive biscuit")));
+        QCOMPARE(found(QStringLiteral("yorkshire pudd")), found(QStringLiteral("yorkshire pudding")));
+        // The first words may not.
+        QVERIFY(found(QStringLiteral("dig biscuit")) != found(QStringLiteral("digestive biscuit")));
+    }
+
+    void whatAFoodIsWithoutIsNoFood()
+    {
+        QVERIFY(found(QStringLiteral("toast no butter")).value(0).startsWith(QLatin1String("Bread")));
+        QVERIFY(found(QStringLiteral("salad no dressing"))
+                    .contains(QStringLiteral("Fast foods, salad, vegetable, tossed, without dressing")));
+        // Nor is a number.
+        QVERIFY(found(QStringLiteral("greek yog 0%")).filter(QStringLiteral("Beef")).isEmpty());
+    }
+
     void foodsOfOnesOwnPushNoOtherOutOfAFilledList()
     {
         const QString query = QStringLiteral("crispy bacon");
