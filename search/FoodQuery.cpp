@@ -265,7 +265,9 @@ private:
     bool addTerms(Reading &reading, const Draft &draft) const
     {
         for (const DraftWord &word : draft.words) {
-            Term term = termFor(word.text, word.typed, index);
+            // Two letters begin too much to be all that a name matches.
+            const bool prefixes = word.typed && (!partial || word.text.size() > 2);
+            Term term = termFor(word.text, prefixes, index);
             if (!term.found && word.typed && !rewritten.contains(word.text) && !FoodLexicon::isUnknownFood(word.text))
                 correctSpelling(term, index);
             if (!term.found && (!partial || rewritten.contains(word.text)))

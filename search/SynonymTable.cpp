@@ -1007,6 +1007,74 @@ constexpr Row table[] = {
     {"fruit scone|cheese scone|plain scone|scone jam|scone jam cream|cream tea|sultana scone|scone butter",
         "biscuits plain"},
     {"cold brew black|long black no sugar|espresso no sugar", "coffee brewed espresso|grounds"},
+    {"instant ramen|ramen egg|ramen with egg|noodle pot|noodle cup|packet noodle|2 minute noodles|ramen packet|cup "
+     "ramen",
+        "ramen noodle"},
+    {"bacon egg roll|bacon and egg roll|egg bacon roll|bacon egg bap|egg bacon sandwich|bacon egg sandwich|egg "
+     "bap|fried egg roll|egg roll bacon|breakfast roll|breakfast sandwich|breakfast bap|breakfast muffin|breakfast "
+     "burger",
+        "egg cheese bacon|sandwich"},
+    {"party pie|four twenty pie|meat pie sauce|mince pie beef|scotch pie|bridie|steak mince pie|chicken leek pie|beef "
+     "pasty|pasty",
+        "beef|chicken pot pie"},
+    {"dim sim|dim sims|chiko roll|spring roll vegetable|cheeseburger spring roll", "egg rolls"},
+    {"crumbed|panko", "breaded"},
+    {"crumbed cutlet|crumbed lamb cutlet|lamb cutlet crumbed|crumbed lamb", "lamb rib cooked"},
+    {"rissole|beef rissole|hamburger steak|bunless burger|naked burger|kofte|frikadelle|bobotie|savoury mince|mince "
+     "and potato|mince and tattie|keema",
+        "ground beef cooked|patty|patties"},
+    {"damper|wheaten bread|soda farl|irish soda bread|soda bread|batch loaf", "bread irish|white"},
+    {"musk stick|fantales|minties|pineapple lump|clinkers|saltwater taffy|toffee|butterscotch|humbug|rock "
+     "candy|bonbon|fudge piece|dolly mix|pick n mix|pick mix|penny sweet|pear drop|aniseed ball|sherbet",
+        "candies hard|taffy|toffee|butterscotch"},
+    {"paddle pop|golden gaytime|bubble o bill|maxibon|weis bar|splice|choc wedge|ice cream on a stick|eskimo "
+     "pie|dipped cone|choc top",
+        "ice cream bar|cone"},
+    {"up and go|up go|sustagen|breakfast drink|milo drink|carnation instant breakfast|instant breakfast",
+        "milk beverage|drink flavored|supplement"},
+    {"jatz|barbecue shape|bbq shape|chicken crimpy|savoys|arnotts shape", "crackers snack type"},
+    {"salada|vita weat|vitaweat|cruskit|oatcake|oat cake|melba|finn crisp|matzo cracker|bran cracker",
+        "crackers wheat|rye|melba|matzo|crispbread"},
+    {"scotch finger|highland shortbread|walkers shortbread|shortbread finger|melting moment", "cookies shortbread"},
+    {"milk arrowroot|malted milk|nice biscuit|marie|petit beurre|lu biscuit|social tea|maria cookie",
+        "cookies animal crackers|butter|sugar"},
+    {"mint slice|monte carlo|kingston biscuit|penguin bar|club biscuit|tunnocks|tunnocks wafer|blue riband|pink "
+     "wafer|wafer biscuit|sugar wafer",
+        "cookies chocolate|wafers sandwich|wafers|coated"},
+    {"tunnocks teacake|mallomar|moon pie|wagon wheel|chocolate marshmallow biscuit", "cookies marshmallow chocolate"},
+    {"pluto pup|dagwood dog|battered sav|pogo", "corn dogs|corndog"},
+    {"potato scallop|tattie scone|potato scone|potato farl|boxty|rosti potato", "potato pancakes"},
+    {"square sausage|lorne sausage|lorne|breakfast sausage patty|sausage patty|sausage link|pork patty",
+        "pork sausage"},
+    {"chicken fillet roll|spicy chicken burger|tower burger|fillet burger|chicken fillet burger|chicken fillet "
+     "bap|crispy chicken burger",
+        "chicken fillet sandwich"},
+    {"spice bag|salt chilli chicken|chilli chicken|popcorn shrimp chicken", "restaurant chinese chicken"},
+    {"club orange|lilt|kia ora|orangina|sanpellegrino orange|crush", "carbonated orange"},
+    {"red lemonade|white lemonade|r whites|cloudy lemonade fizzy|fizzy lemonade|solo drink|lemon lime bitters|squirt "
+     "soda",
+        "carbonated lemon lime"},
+    {"mieliepap|mealie|mealie meal|pap maize|ugali|sadza|corn porridge|polenta cooked|shrimp and grits|cheese grits",
+        "cereals corn grits cooked"},
+    {"kumara|kumera|sweet tater|japanese sweet potato|purple sweet potato", "sweet potato"},
+    {"hokey pokey ice cream|plain ice cream|ice cream scoop|ice cream vanilla cone|whippy|mr whippy|soft serve cone|99 "
+     "flake",
+        "ice creams vanilla|vanilla cone"},
+    {"donair|gyro meat|gyro pita|lamb shawarma|lamb gyro|lamb doner", "lamb ground cooked"},
+    {"pizza pop|pizza roll|bagel bite|pizza pocket|totinos|totinos pizza roll|calzone pocket", "pizza pepperoni"},
+    {"johnnycake|hoecake|corn pone|corn muffin|corn fritter|hushpuppy", "bread cornbread"},
+    {"funnel cake|elephant ear|fritter|beavertail|beaver tail|paczki|long john|jam doughnut|custard doughnut|boston "
+     "cream donut|donut hole|munchkin",
+        "doughnuts"},
+    {"hoppin john|black eyed bean|blackeye bean|blackeyed pea", "cowpeas cooked"},
+    {"burnt end|smoked brisket|beef brisket|bbq brisket|brisket sandwich|texas brisket", "beef brisket cooked"},
+    {"cheese curd|squeaky cheese|halloumi slice|farmers cheese|queso blanco", "cheese queso|mozzarella|colby"},
+    {"queso dip|nacho cheese dip|cheese sauce nacho|chile con queso|spinach dip|artichoke dip|layer dip",
+        "dip cheese|sauce cheese"},
+    {"french onion dip|onion dip|chip dip sour cream|sour cream dip|sour cream chive dip",
+        "sour cream|dressing sour|ranch"},
+    {"waldorf salad|apple salad|grape salad|ambrosia salad", "salad grape|fruit apple|fruit"},
+    {"ants on a log|ants log|celery pb|celery and peanut butter", "celery raw"},
 };
 
 } // namespace

@@ -350,6 +350,12 @@ private slots:
         QCOMPARE(missing("weetabix with xyzzyplugh"), QStringList(QStringLiteral("xyzzyplugh")));
     }
 
+    void twoLettersBeginNoPartialMatch()
+    {
+        QVERIFY(search.search(QStringLiteral("xyzzyplugh ra")).empty());
+        QVERIFY(!search.search(QStringLiteral("xyzzyplugh rad")).empty());
+    }
+
     void fewFoodsAreFollowedByThoseThatHaveMostOfTheWords()
     {
         const std::vector<int> hits = search.search(QStringLiteral("crispy bacon"));
