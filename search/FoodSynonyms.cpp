@@ -68,7 +68,7 @@ const std::vector<FoodSynonym> &foodSynonyms()
 {
     static const std::vector<FoodSynonym> synonyms = [] {
         std::vector<FoodSynonym> list;
-        for (const auto &rows : {SynonymTable::rows(), SynonymTable::brands()})
+        for (const auto &rows : {SynonymTable::rows(), SynonymTable::dishes(), SynonymTable::brands()})
             for (const SynonymTable::Row &row : rows)
                 for (const QByteArray &said : QByteArray(row.said).split('|'))
                     add(list, said, row.meant);
