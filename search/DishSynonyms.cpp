@@ -186,8 +186,7 @@ constexpr Row table[] = {
     {"peking duck|aromatic duck|duck pancake|roast duck|duck leg|duck confit|confit duck", "duck meat cooked"},
     {"mapo tofu|tofu scramble|scrambled tofu|fried tofu|crispy tofu|tofu stir fry|tofu puff|agedashi tofu|baked tofu",
         "tofu"},
-    {"yakisoba|chow fun|chinese noodle|stir fry noodle|stir fried noodle|singapore noodle|mee goreng|chicken "
-     "noodles|hakka noodle",
+    {"yakisoba|chow fun|chinese noodle|stir fry noodle|stir fried noodle|singapore noodle|mee goreng|hakka noodle",
         "noodles chinese|rice|egg"},
     {"pad see ew|drunken noodle|pancit|bun cha|rice stick|glass noodle|cellophane noodle|japchae",
         "noodles rice|cellophane"},
@@ -317,6 +316,26 @@ constexpr Row table[] = {
         "sour cream|dressing sour|ranch"},
     {"waldorf salad|apple salad|grape salad|ambrosia salad", "salad grape|fruit apple|fruit"},
     {"ants on a log|ants log|celery pb|celery and peanut butter", "celery raw"},
+    // brunch, and what is filled or topped
+    {"egg benny|egg royale|egg florentine|poached egg toast", "egg poached"},
+    {"breakfast sausage|breakfast link|sausage breakfast|breakfast sausage link|maple sausage", "pork sausage cooked"},
+    {"chili cheese dog|coney dog|chilli dog|chicago dog|cheese dog", "hotdog"},
+    {"stuffed pepper|stuffed bell pepper|stuffed capsicum", "peppers sweet"},
+    {"loaded baked potato|loaded potato|potato cheese bacon|twice baked potato|loaded potato skin|loaded jacket "
+     "potato|loaded spud",
+        "potato baked topped cheese|sour"},
+    {"jacket potato cheese|jacket potato with cheese|baked potato with cheese|baked potato cheese|cheesy jacket potato",
+        "potato baked topped cheese"},
+    {"chicken noodle", "soup chicken noodle"},
+    {"iced latte oat milk|latte oat milk|coffee with oat milk|latte with oat milk|latte with almond milk|latte almond "
+     "milk|latte soy milk|soya latte|oat milk coffee|coffee with almond milk|almond milk latte|coconut milk latte|soy "
+     "milk latte|coffee skim milk|latte whole milk|coffee whole milk|coffee semi skimmed milk|latte skim "
+     "milk|cappuccino oat milk|cappuccino skim milk",
+        "coffee brewed"},
+    {"cereal with almond milk|cereal almond milk|cereal oat milk|cereal skim milk|cereal with oat milk|cereal semi "
+     "skimmed milk|cereal with skim milk|bowl cereal milk",
+        "cereals ready eat"},
+    {"ham swiss|ham and swiss|turkey swiss|ham cheddar sandwich|ham swiss sandwich", "ham cheese sandwich"},
 };
 
 } // namespace

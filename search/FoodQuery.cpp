@@ -203,23 +203,28 @@ private:
         drafts.push_back(changed);
     }
 
-    // The last word of several may still be on its way.
+    // The last word of several may still be on its way, and two alone may stand the other way round: "wings buffalo".
     void addSynonyms(std::size_t number)
     {
         constexpr qsizetype shortest = 3;
         const Draft draft = drafts[number];
+        const auto isSaid = [&](std::size_t at, const QByteArray &said) {
+            return draft.words[at].typed && isSaidAs(draft.words[at].text, said);
+        };
         for (const FoodSynonym &synonym : foodSynonyms()) {
             const std::size_t count = synonym.said.size();
+            const bool turned
+                = count == 2 && draft.words.size() == 2 && isSaid(0, synonym.said[1]) && isSaid(1, synonym.said[0]);
             for (std::size_t first = 0; first + count <= draft.words.size(); ++first) {
                 bool same = true;
                 for (std::size_t i = 0; i < count && same; ++i) {
                     const DraftWord &word = draft.words[first + i];
                     const bool last = i > 0 && first + i + 1 == draft.words.size();
-                    same = word.typed
-                        && (isSaidAs(word.text, synonym.said[i])
-                            || (last && word.text.size() >= shortest && synonym.said[i].startsWith(word.text)));
+                    same = isSaid(first + i, synonym.said[i])
+                        || (last && word.typed && word.text.size() >= shortest
+                            && synonym.said[i].startsWith(word.text));
                 }
-                if (!same)
+                if (!same && !turned)
                     continue;
                 std::vector<DraftWord> meant;
                 for (const QByteArray &word : synonym.meant)

@@ -21,7 +21,7 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
     constexpr std::size_t glance = 5;
     const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
     const bool sure = !whole.ranks.empty() && whole.ranks.front().tier == FoodRank::Tier::WholeHead
-        && whole.ranks.front().prefixes == 0;
+        && whole.ranks.front().prefixes == 0 && !whole.ranks.front().ofBrand;
     if (!unmeant && (sure || whole.ranks.size() >= glance))
         return;
     Answer more = answerToMain(query);
