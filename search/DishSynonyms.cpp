@@ -336,6 +336,18 @@ constexpr Row table[] = {
      "skimmed milk|cereal with skim milk|bowl cereal milk",
         "cereals ready eat"},
     {"ham swiss|ham and swiss|turkey swiss|ham cheddar sandwich|ham swiss sandwich", "ham cheese sandwich"},
+    // fruit in pieces and in jars
+    {"pineapple chunk|pineapple piece|pineapple slice|pineapple ring", "pineapple raw|canned"},
+    {"grape jelly|redcurrant jelly|apple jelly|strawberry jelly|quince jelly|blackcurrant jelly|raspberry "
+     "jelly|jalapeno jelly|cranberry jelly",
+        "jellies"},
+    {"rice cake peanut butter|rice cake pb|rice cake with peanut butter|rice cake avocado|rice cake jam|rice cake "
+     "nutella|rice cake hummus",
+        "rice cakes"},
+    {"mango chunk|mango piece|frozen mango|dried mango|mango slice", "mangos raw"},
+    {"peach slice|sliced peach|peach half|peach halves", "peaches raw|canned"},
+    {"orange segment|orange slice|sliced orange|orange wedge", "oranges raw"},
+    {"mandarin segment|mandarin piece|mandarin orange|tinned mandarin", "tangerines mandarin"},
 };
 
 } // namespace

@@ -22,6 +22,7 @@ class FoodSearchTest final : public QObject {
 private:
     const QStringList names = FoodCatalogue::foodNames();
     FoodSearch search{names};
+    QSet<QString> foodpatterns; // of queries.tsv, known to fit a food
 
     QStringList found(const QString &query, std::size_t most = 5)
     {
@@ -102,7 +103,10 @@ private slots:
         bool among = false;
         for (const QString &text : meant) {
             const QRegularExpression name = pattern(text);
-            QVERIFY2(names.indexOf(name) >= 0, qPrintable(QStringLiteral("no food is called ") + text));
+            if (!foodpatterns.contains(text)) { // many queries have the same
+                QVERIFY2(names.indexOf(name) >= 0, qPrintable(QStringLiteral("no food is called ") + text));
+                foodpatterns.insert(text);
+            }
             among = among || first.indexOf(name) >= 0;
         }
         QVERIFY2(among, qPrintable(first.join(u'\n')));
