@@ -20,6 +20,7 @@
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <map>
 
@@ -44,7 +45,7 @@ struct Habit {
 };
 
 // For each query of the tests, one of the foods that it may mean, whichever that is, as long as the search finds it at
-// all: no two queries have the same one.
+// all. A query that may mean a food of another one is only more words for that: the person has words of their own.
 std::vector<Wish> everydayWishes(QRandomGenerator &chance)
 {
     const QStringList names = FoodCatalogue::foodNames();
@@ -66,13 +67,15 @@ std::vector<Wish> everydayWishes(QRandomGenerator &chance)
             const QRegularExpression expression(QRegularExpression::anchoredPattern(
                 QRegularExpression::escape(pattern).replace(QStringLiteral("\\*"), QStringLiteral(".*"))));
             for (int food = 0; food < names.size(); ++food) {
-                if (expression.match(names[food]).hasMatch()
-                    && std::find(taken.begin(), taken.end(), food) == taken.end())
+                if (expression.match(names[food]).hasMatch())
                     meant.push_back(food);
             }
         }
-        std::erase_if(meant, [&](int food) { return std::find(found.begin(), found.end(), food) == found.end(); });
-        if (meant.empty())
+        const auto isIn = [](const std::vector<int> &foods) {
+            return [&](int food) { return std::find(foods.begin(), foods.end(), food) != foods.end(); };
+        };
+        std::erase_if(meant, std::not_fn(isIn(found)));
+        if (meant.empty() || std::any_of(meant.begin(), meant.end(), isIn(taken)))
             continue;
         const int food = meant[std::size_t(chance.bounded(int(meant.size())))];
         taken.push_back(food);

@@ -153,6 +153,8 @@ void FoodIndex::sortVocabulary(const std::vector<int> &uses, const std::vector<i
         word.cooked = word.text == "cooked";
         word.heat = word.text == "heat";
         word.either = word.text == "or";
+        word.dry = FoodLexicon::isDry(word.text);
+        word.madeUp = FoodLexicon::isMadeUp(word.text);
         word.forFew = FoodLexicon::isForFew(word.text);
         word.state = FoodLexicon::tellsState(word.text) || word.brand;
     }
@@ -196,6 +198,7 @@ void FoodIndex::giveParts(Name &name, const quint8 *partofword)
         give(name, *next, iskind ? Place::Kind : next->aside ? Place::Aside : Place::Later);
         kind = kind || iskind;
     }
+    markDry(name);
 }
 
 void FoodIndex::give(Name &name, const Part &part, Place place)
@@ -214,7 +217,19 @@ void FoodIndex::give(Name &name, const Part &part, Place place)
     const QByteArray &first = words[own[part.first].word].text;
     const bool fatalone
         = first == "separable" && part.last == part.first + 1 && words[own[part.last].word].text == "fat";
-    own[part.first].byProduct = place != Place::Aside && (first == "skin" || fatalone);
+    own[part.first].uneaten = place != Place::Aside && (first == "skin" || fatalone);
+}
+
+void FoodIndex::markDry(const Name &name)
+{
+    NameWord *own = namewords.data() + name.first;
+    NameWord *end = own + name.count;
+    const auto isMadeUp = [this](const NameWord &word) { return words[word.word].madeUp; };
+    if (std::any_of(own, end, isMadeUp))
+        return;
+    NameWord *dry = std::find_if(own, end, [this](const NameWord &word) { return words[word.word].dry; });
+    if (dry != end && (dry + 1 == end || !words[dry[1].word].either))
+        dry->uneaten = true;
 }
 
 bool FoodIndex::isShelf(const Name &name, const Part &part) const

@@ -34,7 +34,7 @@ public:
         quint8 length;
         Place place = Place::Later;
         bool noun = false; // the last word of its part: "butter" in "Peanut butter"
-        bool byProduct = false; // the skin or the fat alone
+        bool uneaten = false; // what is not eaten so: the skin or the fat alone, a mix to be made up
     };
 
     struct Name {
@@ -62,6 +62,8 @@ public:
         bool cooked = false;
         bool heat = false;
         bool either = false; // "or"
+        bool dry = false; // to be made up
+        bool madeUp = false;
 
         [[nodiscard]] bool counts() const { return !stopWord && !brand; }
     };
@@ -88,6 +90,7 @@ private:
     void sortVocabulary(const std::vector<int> &uses, const std::vector<int> &capitals);
     void giveParts(Name &name, const quint8 *partofword);
     void give(Name &name, const Part &part, Place place);
+    void markDry(const Name &name);
     [[nodiscard]] bool isShelf(const Name &name, const Part &part) const;
 
     std::vector<Name> indexed;

@@ -82,6 +82,19 @@ bool FoodLexicon::isForFew(const QByteArray &word)
     return words.contains(word);
 }
 
+bool FoodLexicon::isDry(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf("concentrate dough dry mix powder powdered unprepared");
+    return words.contains(word);
+}
+
+bool FoodLexicon::isMadeUp(const QByteArray &word)
+{
+    static const QSet<QByteArray> words
+        = setOf("baked cooked fermented heat prepared raw ready reconstituted roasted toasted trail");
+    return words.contains(word);
+}
+
 bool FoodLexicon::isAbbreviation(const QByteArray &word)
 {
     static const QSet<QByteArray> words = setOf("ara bbq dha usda");
@@ -116,7 +129,8 @@ bool FoodLexicon::isCut(const QByteArray &word)
     static const QSet<QByteArray> words = setOf(
         "bake black bowl casserole chunk chunks cubes cutlet dip fillet fillets filet green halves heart hearts kebab "
         "leaves loin mince pieces plate platter portion portions red rings sandwich sandwiches scramble skewer skewers "
-        "slices spear spears spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow");
+        "slices spear spears spray steak steaks stick sticks strips tail tails tips toast wedges white wrap yellow "
+        "boiled canned cooked dried fresh fried frozen plain prepared raw salted smoked uncooked unsalted");
     return words.contains(word);
 }
 

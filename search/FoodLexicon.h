@@ -32,6 +32,10 @@ enum class Tone {
 // Whether a name with this word is of baby food or of one people's kitchen, wanted only by who asks for it.
 [[nodiscard]] bool isForFew(const QByteArray &word);
 
+// Whether the word tells a food that has to be made up first, or that this has been done: nobody drinks the powder.
+[[nodiscard]] bool isDry(const QByteArray &word);
+[[nodiscard]] bool isMadeUp(const QByteArray &word);
+
 // Capitals that are no brand's: fatty acids, an authority.
 [[nodiscard]] bool isAbbreviation(const QByteArray &word);
 

@@ -130,13 +130,18 @@ std::vector<QByteArray> wordsFor(const QByteArray &word)
 
 constexpr double cup = 236.5882365;
 
-// What a measure holds of which no food says how much: a glass, a bowl and a mug are a cup.
+// What a measure holds of which no food says how much: a glass, a bowl and a mug are a cup, a splash is a tablespoon,
+// a drizzle a teaspoon.
 double millilitresOf(const QByteArray &word)
 {
     if (word == "glass" || word == "bowl" || word == "mug")
         return cup;
     if (word == "shot" || word == "jigger" || word == "measure")
         return cup / 16 * 3;
+    if (word == "splash" || word == "glug")
+        return cup / 16;
+    if (word == "drizzle" || word == "squeeze" || word == "squirt")
+        return cup / 48;
     if (word == "dash")
         return cup / 384;
     return word == "pinch" ? cup / 768 : 0;

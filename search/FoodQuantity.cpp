@@ -151,8 +151,10 @@ private:
             return;
         std::optional<MeasureText::UnitWords> unit = MeasureText::unitAt(tokens, next);
         if (!number && unit) {
-            // A measure alone is one of it: "tbsp honey", "slice of bread". A size alone is a word for the food.
-            const bool of = isWord(tokens, next + unit->count, "of");
+            // A measure alone is one of it: "tbsp honey", "slice of bread", "small glass of wine". A size alone is a
+            // word for the food.
+            const std::optional<MeasureText::UnitWords> second = MeasureText::unitAt(tokens, next + unit->count);
+            const bool of = isWord(tokens, next + unit->count + (second ? second->count : 0), "of");
             if (!isTelling(unit->unit, tokens[next]) || (unit->unit.kind != Unit::Kind::Volume && !of)
                 || tokens.size() <= unit->count)
                 return;
@@ -178,7 +180,7 @@ private:
             // "2 large slices ham"
             const std::optional<MeasureText::UnitWords> second = MeasureText::unitAt(tokens, end);
             if (chosen.kind == Unit::Kind::Measure && second && end + second->count < tokens.size()
-                && second->unit.kind == Unit::Kind::Measure) {
+                && !isMass(second->unit)) {
                 chosen = second->unit;
                 end += second->count;
             }

@@ -46,6 +46,12 @@ bool isSame(const QByteArray &a, const QByteArray &b)
     return std::find(others.begin(), others.end(), b) != others.end();
 }
 
+// What is said in the plural has no singular: "greens" are leaves, and green is a colour.
+bool isSaidAs(const QByteArray &typed, const QByteArray &said)
+{
+    return isSame(typed, said) && !(said.size() == typed.size() + 1 && said.endsWith('s'));
+}
+
 bool matchAs(Term &term, int word, Match match)
 {
     if (word < 0)
@@ -127,7 +133,7 @@ public:
     {
         Draft first;
         for (const QByteArray &word : typed)
-            first.words.push_back({spelledAsSaid(word)});
+            first.words.push_back({spelledAsSaid(writtenOut(word))});
         drafts.push_back(first);
         addWithoutStopWords();
         for (std::size_t at = 0; at < drafts.size(); ++at) {
@@ -197,18 +203,28 @@ private:
         drafts.push_back(changed);
     }
 
+    // The last word of several may still be on its way, and two alone may stand the other way round: "wings buffalo".
     void addSynonyms(std::size_t number)
     {
+        constexpr qsizetype shortest = 3;
         const Draft draft = drafts[number];
+        const auto isSaid = [&](std::size_t at, const QByteArray &said) {
+            return draft.words[at].typed && isSaidAs(draft.words[at].text, said);
+        };
         for (const FoodSynonym &synonym : foodSynonyms()) {
             const std::size_t count = synonym.said.size();
+            const bool turned
+                = count == 2 && draft.words.size() == 2 && isSaid(0, synonym.said[1]) && isSaid(1, synonym.said[0]);
             for (std::size_t first = 0; first + count <= draft.words.size(); ++first) {
                 bool same = true;
                 for (std::size_t i = 0; i < count && same; ++i) {
                     const DraftWord &word = draft.words[first + i];
-                    same = word.typed && isSame(word.text, synonym.said[i]);
+                    const bool last = i > 0 && first + i + 1 == draft.words.size();
+                    same = isSaid(first + i, synonym.said[i])
+                        || (last && word.typed && word.text.size() >= shortest
+                            && synonym.said[i].startsWith(word.text));
                 }
-                if (!same)
+                if (!same && !turned)
                     continue;
                 std::vector<DraftWord> meant;
                 for (const QByteArray &word : synonym.meant)
@@ -254,15 +270,19 @@ private:
     bool addTerms(Reading &reading, const Draft &draft) const
     {
         for (const DraftWord &word : draft.words) {
-            Term term = termFor(word.text, word.typed, index);
+            // Two letters begin too much to be all that a name matches.
+            const bool prefixes = word.typed && (!partial || word.text.size() > 2);
+            Term term = termFor(word.text, prefixes, index);
             if (!term.found && word.typed && !rewritten.contains(word.text) && !FoodLexicon::isUnknownFood(word.text))
                 correctSpelling(term, index);
             if (!term.found && (!partial || rewritten.contains(word.text)))
                 return false;
             reading.terms.push_back(std::move(term));
         }
-        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(),
-            [](const Term &term) { return term.found && !term.corrected && !FoodLexicon::isCut(term.text); });
+        const auto noun = std::find_if(reading.terms.rbegin(), reading.terms.rend(), [](const Term &term) {
+            return term.found && !term.corrected && !FoodLexicon::isCut(term.text)
+                && !(term.text[0] >= '0' && term.text[0] <= '9');
+        });
         if (noun != reading.terms.rend())
             noun->noun = true;
         for (Term &term : reading.terms)

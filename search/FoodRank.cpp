@@ -119,8 +119,8 @@ public:
             own = 0; // "dry heat" is no dried food
         else if (meaning.processed && next != nullptr && next->either)
             own = 0; // "canned or bottled" is any
-        else if (word.byProduct)
-            own = FoodIndex::processedWeight;
+        else if (word.uneaten)
+            own = 2 * FoodIndex::processedWeight;
         else if (word.place == Place::Shelf)
             own = shelfweight;
         else if (own == FoodIndex::plainWeight) {

@@ -94,13 +94,16 @@ const std::vector<int> &FoodSearch::search(const QString &query)
 }
 
 // A counted word that is no part of the food is a measure that nobody has heard of: "2 dollops honey" are no two
-// honeys.
+// honeys. But "3 delicious eggs" are three eggs, as several of a measure would be said in the plural.
 void FoodSearch::judgeCounted(FoodQuantity &quantity) const
 {
     if (!quantity.isPieces() || quantity.counted.isEmpty() || quantity.foodwords.size() < 2 || last.ranks.empty())
         return;
+    const bool plural = quantity.counted.endsWith('s') && !quantity.counted.endsWith("us");
+    const bool adjective = FoodLexicon::isServing(quantity.counted) || FoodLexicon::tellsState(quantity.counted)
+        || quantity.counted == "whole" || (quantity.count > 1 && !plural);
     const QStringList missing = missingWords(last.ranks.front().name);
-    if (missing.contains(QString::fromLatin1(quantity.counted)))
+    if (!adjective && missing.contains(QString::fromLatin1(quantity.counted)))
         quantity.unit.name = quantity.counted;
 }
 
@@ -125,72 +128,6 @@ FoodSearch::Answer FoodSearch::answerToRest(const std::vector<FoodQuantity::Read
         askedquantity = reading.quantity;
         return answer;
     }
-    return answer;
-}
-
-// What is meant where all the words together find nothing, nothing but baby food, or few foods: of "scone with jam" the
-// scone, else the names that match the most of the words. Few foods are only followed by those, up to a first glance's
-// worth, unless one of them is called what was typed.
-void FoodSearch::complete(Answer &whole, const QString &query) const
-{
-    constexpr std::size_t glance = 5;
-    const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
-    const bool sure = !whole.ranks.empty() && whole.ranks.front().tier == FoodRank::Tier::WholeHead
-        && whole.ranks.front().prefixes == 0;
-    if (!unmeant && (sure || whole.ranks.size() >= glance))
-        return;
-    Answer more = answerToMain(query);
-    if (more.ranks.empty() || (!unmeant && whole.ranks.front().tier <= more.ranks.front().tier))
-        more = partialAnswerTo(query);
-    if (more.ranks.empty() || more.ranks.front().forFew)
-        return;
-    if (unmeant) {
-        whole = std::move(more);
-        return;
-    }
-    whole.readings.insert(whole.readings.end(), more.readings.begin(), more.readings.end());
-    whole.partial = more.partial;
-    const std::vector<FoodRank> first = whole.ranks;
-    for (const FoodRank &rank : more.ranks)
-        if (whole.ranks.size() < glance
-            && std::none_of(first.begin(), first.end(), [&](const FoodRank &each) { return each.name == rank.name; }))
-            whole.ranks.push_back(rank);
-}
-
-// The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.
-FoodSearch::Answer FoodSearch::answerToMain(const QString &query) const
-{
-    std::vector<QByteArray> words = QueryWords::of(query);
-    const auto joint = std::find_if(words.begin(), words.end(),
-        [](const QByteArray &word) { return word == "with" || word == "on" || word == "in"; });
-    if (joint == words.begin() || joint == words.end())
-        return {};
-    std::vector<QByteArray> rest(joint, words.end());
-    words.erase(joint, words.end());
-    std::erase_if(words, FoodLexicon::isServing);
-    std::erase_if(rest, FoodLexicon::isServing);
-    Answer answer = rank(words.empty() ? std::vector<FoodQuery::Reading>() : FoodQuery::readings(words, *index), false);
-    answer.missing = std::move(rest);
-    return answer;
-}
-
-// The names that match the most of the words, when none matches all.
-FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
-{
-    std::vector<QByteArray> words = QueryWords::of(query);
-    std::erase_if(words, FoodLexicon::isServing);
-    Answer answer;
-    if (words.size() > 1)
-        answer = rank(FoodQuery::partialReadings(words, *index), true);
-    // A number that only foods for few have: of "omega 3 egg" the egg is meant, not what babies eat at three months.
-    const auto isNumber = [](const QByteArray &word) { return word[0] >= '0' && word[0] <= '9'; };
-    if ((answer.ranks.empty() || answer.ranks.front().forFew) && std::erase_if(words, isNumber) > 0 && !words.empty())
-        answer = rank(FoodQuery::partialReadings(words, *index), true);
-    const auto full
-        = std::find_if(answer.ranks.begin(), answer.ranks.end(), [](const FoodRank &each) { return each.missing > 0; });
-    const auto others
-        = std::find_if(full, answer.ranks.end(), [&](const FoodRank &each) { return each.missing != full->missing; });
-    answer.ranks.erase(others, answer.ranks.end());
     return answer;
 }
 

@@ -70,6 +70,7 @@ private:
     void complete(Answer &whole, const QString &query) const;
     [[nodiscard]] Answer answerToMain(const QString &query) const;
     [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
+    void addOtherFood(Answer &partial) const;
     [[nodiscard]] Answer rank(std::vector<FoodQuery::Reading> from, bool partial) const;
     [[nodiscard]] Answer answerToRest(const std::vector<FoodQuantity::Reading> &quantities);
     [[nodiscard]] bool claims(const FoodIndex::Name &name, const FoodQuantity::Reading &reading, int number) const;

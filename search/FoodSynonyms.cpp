@@ -5,6 +5,7 @@
 
 #include "search/SynonymTable.h"
 
+#include <QHash>
 #include <QList>
 
 #include <algorithm>
@@ -21,6 +22,7 @@ std::vector<QByteArray> wordsOf(const QByteArray &text)
 void add(std::vector<FoodSynonym> &list, const QByteArray &said, const QByteArray &meant)
 {
     FoodSynonym synonym{wordsOf(said), wordsOf(meant)};
+    std::transform(synonym.said.begin(), synonym.said.end(), synonym.said.begin(), writtenOut);
     if (synonym.said != synonym.meant)
         list.push_back(std::move(synonym));
 }
@@ -56,6 +58,7 @@ void addLacks(std::vector<FoodSynonym> &list)
     addLack(list, "caffeine", "decaffeinated");
     addLack(list, "meat", "meatless|vegetarian|veggie");
     addLack(list, "dairy", "soy|soymilk|nondairy");
+    addLack(list, "dressing", "without dressing");
     addLack(list, "calorie", "calorie low|free|reduced|zero");
 }
 
@@ -65,9 +68,10 @@ const std::vector<FoodSynonym> &foodSynonyms()
 {
     static const std::vector<FoodSynonym> synonyms = [] {
         std::vector<FoodSynonym> list;
-        for (const SynonymTable::Row &row : SynonymTable::rows())
-            for (const QByteArray &said : QByteArray(row.said).split('|'))
-                add(list, said, row.meant);
+        for (const auto &rows : {SynonymTable::rows(), SynonymTable::dishes(), SynonymTable::brands()})
+            for (const SynonymTable::Row &row : rows)
+                for (const QByteArray &said : QByteArray(row.said).split('|'))
+                    add(list, said, row.meant);
         addLacks(list);
         // What is said in more words says more: it is the first to be read.
         std::stable_sort(list.begin(), list.end(),
@@ -75,6 +79,18 @@ const std::vector<FoodSynonym> &foodSynonyms()
         return list;
     }();
     return synonyms;
+}
+
+QByteArray writtenOut(const QByteArray &word)
+{
+    static const QHash<QByteArray, QByteArray> wholewords = [] {
+        QHash<QByteArray, QByteArray> all;
+        for (const SynonymTable::Row &row : SynonymTable::abbreviations())
+            for (const QByteArray &shortform : wordsOf(row.said))
+                all.insert(shortform, row.meant);
+        return all;
+    }();
+    return wholewords.value(word, word);
 }
 
 const QSet<QByteArray> &foodSynonymWords()

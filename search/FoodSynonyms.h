@@ -18,5 +18,8 @@ struct FoodSynonym {
 
 [[nodiscard]] const std::vector<FoodSynonym> &foodSynonyms();
 
+// The whole word for one that people write short: "pudding" for "pud". Any other word for itself.
+[[nodiscard]] QByteArray writtenOut(const QByteArray &word);
+
 // All the words that are said in them: real ones, and no misspelling of others.
 [[nodiscard]] const QSet<QByteArray> &foodSynonymWords();

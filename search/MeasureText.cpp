@@ -62,13 +62,13 @@ QHash<QByteArray, Unit> unitTable()
     add(Unit::Kind::Volume, 2 * cup, "pt pint");
     add(Unit::Kind::Volume, 4 * cup, "qt quart");
     add(Unit::Kind::Volume, 16 * cup, "gal gallon");
-    for (const char *word :
-        {"bag", "ball", "bar", "bit", "block", "bottle", "bowl", "box", "bunch", "can", "carton", "chunk", "clove",
-            "cob", "container", "cube", "dash", "drop", "ear", "envelope", "fillet", "finger", "floret", "glass",
-            "handful", "head", "helping", "jar", "jigger", "jumbo", "knob", "large", "leaf", "link", "loaf", "measure",
-            "medallion", "medium", "mug", "pack", "package", "packet", "pat", "patty", "piece", "pinch", "plate", "pod",
-            "portion", "pot", "pouch", "punnet", "rasher", "ring", "sachet", "scoop", "serving", "sheet", "shot",
-            "slice", "small", "spear", "spoon", "sprig", "square", "stalk", "stick", "strip", "tin", "tub", "wedge"})
+    for (const char *word : {"bag", "ball", "bar", "bit", "block", "bottle", "bowl", "box", "bunch", "can", "carton",
+             "chunk", "clove", "cob", "container", "cube", "dash", "drizzle", "drop", "ear", "envelope", "fillet",
+             "finger", "floret", "glass", "glug", "handful", "head", "helping", "jar", "jigger", "jumbo", "knob",
+             "large", "leaf", "link", "loaf", "measure", "medallion", "medium", "mug", "pack", "package", "packet",
+             "pat", "patty", "piece", "pinch", "plate", "pod", "portion", "pot", "pouch", "punnet", "rasher", "ring",
+             "sachet", "scoop", "serving", "sheet", "shot", "slice", "small", "spear", "splash", "spoon", "sprig",
+             "square", "squeeze", "squirt", "stalk", "stick", "strip", "tin", "tub", "wedge"})
         table.insert(word, {Unit::Kind::Measure, 0, word});
     for (const auto &[spelling, word] : std::initializer_list<std::pair<const char *, const char *>>{{"lg", "large"},
              {"med", "medium"}, {"pc", "piece"}, {"pce", "piece"}, {"pkg", "package"}, {"pkt", "packet"},
@@ -92,6 +92,12 @@ std::optional<Unit> unitCalled(const QByteArray &word)
             return *singular;
     }
     return std::nullopt;
+}
+
+bool tellsHowFull(const QByteArray &word)
+{
+    static const QSet<QByteArray> words = setOf("full generous good heaped heaping level rounded scant");
+    return words.contains(word);
 }
 
 // Reads a text from its front.
@@ -200,6 +206,10 @@ private:
             value += rest.value_or(0);
         }
         if (isOfFood() || !(value > 0)) {
+            if (letter(at) == u'/' && isDigit(letter(at + 1))) { // "90/10"
+                ++at;
+                (void)readDigits();
+            }
             readWord(start);
             return;
         }
@@ -283,6 +293,8 @@ std::optional<MeasureText::UnitWords> MeasureText::unitAt(const std::vector<Toke
     const bool ounces = following && following->size == ounce;
     if (ounces && (word == "fl" || word == "fluid"))
         return UnitWords{{Unit::Kind::Volume, fluidounce, QByteArray()}, 2};
+    if (following && tellsHowFull(word))
+        return UnitWords{*following, 2};
     if (word == "extra" && following && (following->name == "large" || following->name == "small"))
         return UnitWords{{Unit::Kind::Measure, 0, "extra " + following->name}, 2};
     if (const std::optional<Unit> unit = unitCalled(word))

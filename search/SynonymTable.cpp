@@ -7,6 +7,34 @@ namespace {
 
 using SynonymTable::Row;
 
+constexpr Row shortforms[] = {
+    {"avo avos", "avocado"},
+    {"barbeque", "barbecue"},
+    {"bfast brekkie brekky brekkers", "breakfast"},
+    {"biccy biccies bicky bikkie bikkies bix", "biscuit"},
+    {"broc brocc broccs", "broccoli"},
+    {"cauli", "cauliflower"},
+    {"chz chse", "cheese"},
+    {"chkn chk chx chix chook", "chicken"},
+    {"choc choccy choco", "chocolate"},
+    {"cuke cukes", "cucumber"},
+    {"moz mozz", "mozzarella"},
+    {"noods", "noodles"},
+    {"parm", "parmesan"},
+    {"pots", "potatoes"},
+    {"pud puds", "pudding"},
+    {"rasp rasps", "raspberries"},
+    {"sammich sammie sarnie sarnies sanga butty butties sandwhich sando", "sandwich"},
+    {"sauv", "sauvignon"},
+    {"snitty schnitty", "schnitzel"},
+    {"spag spagetti spaghet", "spaghetti"},
+    {"spud spuds tatty tatties tattie tater taters", "potato"},
+    {"strawb strawbs", "strawberries"},
+    {"toms", "tomatoes"},
+    {"yog yogs", "yogurt"},
+    {"zuke zukes zucc zucch", "zucchini"},
+};
+
 constexpr Row table[] = {
     // the same thing under another name
     {"alfalfa sprout", "alfalfa seeds sprouted"},
@@ -58,7 +86,6 @@ constexpr Row table[] = {
     {"snap pea", "peas edible podded"},
     {"snow pea", "peas edible podded"},
     {"spring onion", "onions spring"},
-    {"spud", "potato"},
     {"sultana", "raisins"},
     {"swede", "rutabaga"},
     {"sweets", "candies"},
@@ -132,18 +159,10 @@ constexpr Row table[] = {
     {"braised|stewed|slow cooked|casseroled", "braised|stewed"},
     {"scrambled", "scrambled"},
     // what people shorten
-    {"avo", "avocado"},
     {"bacon butty", "bacon"},
-    {"bfast|brekkie|brekky", "breakfast"},
     {"blt", "bacon tomato"},
-    {"broc|brocc|broccs", "broccoli"},
-    {"butty|sammich|sammie|sarnie|sanga|sandwhich", "sandwich"},
     {"caf|caff", "coffee"},
-    {"cauli", "cauliflower"},
     {"cals", "calorie"},
-    {"chx|chkn|chk|chook", "chicken"},
-    {"choc|choccy|choco", "chocolate"},
-    {"cuke", "cucumber"},
     {"decaf", "decaffeinated"},
     {"evoo", "oil olive"},
     {"froyo", "frozen yogurt"},
@@ -154,27 +173,20 @@ constexpr Row table[] = {
     {"marge", "margarine"},
     {"mayo", "mayonnaise"},
     {"mm|m ms", "candies mms"},
-    {"moz|mozz", "mozzarella"},
     {"mush", "mushroom"},
     {"oj", "orange juice"},
-    {"parm", "parmesan"},
     {"pb", "peanut butter"},
     {"pbj|pb j|pb jelly|pb jam|peanut butter jelly", "peanut butter"},
     {"pbj|pb j|pb jelly|peanut butter jelly", "jellies"},
     {"pep", "pepperoni"},
     {"pepp pizza", "pepperoni pizza"},
-    {"rasp", "raspberries"},
     {"sp", "salt table"},
-    {"spag|spagetti|spaghet", "spaghetti"},
-    {"spud|tater|tattie|tatty", "potato"},
-    {"strawb|strawbs", "strawberries"},
     {"tbone|t bone", "beef porterhouse|t"},
-    {"tom|toms", "tomatoes"},
+    {"tom", "tomatoes"},
     {"veg|vegies|veges", "vegetable"},
     {"veggie soup", "soup vegetable"},
     {"veggie|veg", "vegetarian"},
     {"ww|wholewheat", "whole wheat"},
-    {"zuke|zucc|zucch", "zucchini"},
     // dishes
     {"alfredo|chicken alfredo|fettuccine alfredo|fettucine alfredo", "alfredo"},
     {"burger cheese|cheese burger|hamburger cheese", "cheeseburger"},
@@ -518,7 +530,7 @@ constexpr Row table[] = {
     {"hot pocket|lean pocket", "pockets"},
     {"tim horton", "coffee brewed"},
     {"chocolate bar|candy bar|dairy milk|hershey bar|cadbury|choc bar|milk chocolate bar", "candies milk chocolate"},
-    {"candy|sweet|lolly", "candies"},
+    {"candy|lolly", "candies"},
     {"key lime pie|lemon pie", "pie lemon"},
     {"banoffee pie|banoffi pie", "pie banana"},
     {"cake slice|birthday cake|layer cake", "cake yellow frosting"},
@@ -768,4 +780,9 @@ constexpr Row table[] = {
 std::span<const SynonymTable::Row> SynonymTable::rows()
 {
     return table;
+}
+
+std::span<const SynonymTable::Row> SynonymTable::abbreviations()
+{
+    return shortforms;
 }

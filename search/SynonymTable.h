@@ -15,4 +15,13 @@ struct Row {
 
 [[nodiscard]] std::span<const Row> rows();
 
+// The same for what is on the plate, in the cup and in the lunch box, here and elsewhere.
+[[nodiscard]] std::span<const Row> dishes();
+
+// The same for foods that people call by their makers' names.
+[[nodiscard]] std::span<const Row> brands();
+
+// What people write short: ways to do so, parted by blanks, and the word. None of them is a word of its own.
+[[nodiscard]] std::span<const Row> abbreviations();
+
 } // namespace SynonymTable

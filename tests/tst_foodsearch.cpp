@@ -5,6 +5,7 @@
 #include "search/FoodSearch.h"
 #include "search/FoodSynonyms.h"
 #include "search/FoodWords.h"
+#include "search/SynonymTable.h"
 
 #include <QFile>
 #include <QRandomGenerator>
@@ -21,6 +22,7 @@ class FoodSearchTest final : public QObject {
 private:
     const QStringList names = FoodCatalogue::foodNames();
     FoodSearch search{names};
+    QSet<QString> foodpatterns; // of queries.tsv, known to fit a food
 
     QStringList found(const QString &query, std::size_t most = 5)
     {
@@ -101,7 +103,10 @@ private slots:
         bool among = false;
         for (const QString &text : meant) {
             const QRegularExpression name = pattern(text);
-            QVERIFY2(names.indexOf(name) >= 0, qPrintable(QStringLiteral("no food is called ") + text));
+            if (!foodpatterns.contains(text)) { // many queries have the same
+                QVERIFY2(names.indexOf(name) >= 0, qPrintable(QStringLiteral("no food is called ") + text));
+                foodpatterns.insert(text);
+            }
             among = among || first.indexOf(name) >= 0;
         }
         QVERIFY2(among, qPrintable(first.join(u'\n')));
@@ -349,6 +354,12 @@ private slots:
         QCOMPARE(missing("weetabix with xyzzyplugh"), QStringList(QStringLiteral("xyzzyplugh")));
     }
 
+    void twoLettersBeginNoPartialMatch()
+    {
+        QVERIFY(search.search(QStringLiteral("xyzzyplugh ra")).empty());
+        QVERIFY(!search.search(QStringLiteral("xyzzyplugh rad")).empty());
+    }
+
     void fewFoodsAreFollowedByThoseThatHaveMostOfTheWords()
     {
         const std::vector<int> hits = search.search(QStringLiteral("crispy bacon"));
@@ -376,6 +387,92 @@ private slots:
         QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
         mine.setOwnFoods({{-1, 1.0F}, {static_cast<int>(names.size()), 1.0F}});
         QCOMPARE(names[mine.search(QStringLiteral("milk")).front()], whole);
+    }
+
+    void ofTwoFoodsBothStandAmongTheFirst()
+    {
+        const auto isFound = [&](const char *query, const char *one, const char *other) {
+            const QStringList first = found(QString::fromLatin1(query), 5);
+            return first.value(0).startsWith(QLatin1String(one)) && first.value(3).startsWith(QLatin1String(other));
+        };
+        QVERIFY(isFound("bagel cream cheese", "Bagels, plain", "Cheese, cream"));
+        QVERIFY(isFound("latte skimmed milk", "Coffee, brewed", "Milk, nonfat"));
+        // What stands in the middle, or is misspelt, tells more of the one food.
+        QVERIFY(found(QStringLiteral("cheese and onion crisps"), 10).filter(QStringLiteral("Onions")).isEmpty());
+        QVERIFY(found(QStringLiteral("salt and vinegar crisps"), 10).filter(QStringLiteral("Vinegar")).isEmpty());
+    }
+
+    void aStateThatNoNameHasDoesNotHideTheFood()
+    {
+        QCOMPARE(found(QStringLiteral("almonds raw")).value(0), QStringLiteral("Nuts, almonds"));
+        QCOMPARE(found(QStringLiteral("almonds raw")), found(QStringLiteral("almonds")));
+    }
+
+    void whatHasToBeMadeUpFirstComesAfterWhatIsReady()
+    {
+        for (const char *query : {"gravy", "lemonade", "instant coffee", "hot chocolate", "iced tea"}) {
+            const QString name = found(QString::fromLatin1(query)).value(0);
+            const bool dry = name.contains(QRegularExpression(QStringLiteral("\\b(dry|powder|mix)\\b")));
+            QVERIFY2(!dry || name.contains(QStringLiteral("prepared")), qPrintable(name));
+        }
+        QVERIFY(found(QStringLiteral("dry gravy")).value(0).contains(QStringLiteral("dry")));
+        QVERIFY(!found(QStringLiteral("rotisserie chicken")).value(0).contains(QStringLiteral("skin only")));
+    }
+
+    void aShortFormIsReadAsTheWholeWord()
+    {
+        QCOMPARE(found(QStringLiteral("yorkshire pud")), found(QStringLiteral("yorkshire pudding")));
+        QCOMPARE(found(QStringLiteral("mac & chz")), found(QStringLiteral("mac & cheese")));
+        QCOMPARE(found(QStringLiteral("jacket spuds")), found(QStringLiteral("jacket potato")));
+        // Who types on from one is still on the way to the word.
+        QStringList others;
+        for (const SynonymTable::Row &row : SynonymTable::abbreviations())
+            for (const QByteArray &shortform : QByteArray(row.said).split(' '))
+                for (const QString &name : names)
+                    for (const FoodWords::Token &word : FoodWords::tokenize(name))
+                        if (word.text.startsWith(shortform) && !word.text.startsWith(QByteArray(row.meant).left(4)))
+                            others << QString::fromLatin1(shortform + " begins " + word.text);
+        QVERIFY2(others.isEmpty(), qPrintable(others.join(u'\n')));
+    }
+
+    void whatIsSaidInThePluralHasNoSingular()
+    {
+        QVERIFY(found(QStringLiteral("greens")).value(0).startsWith(QLatin1String("Collards")));
+        QVERIFY(found(QStringLiteral("green")).filter(QStringLiteral("Collards")).isEmpty());
+    }
+
+    void aSynonymMayBeUnfinishedOrTurnedRound()
+    {
+        QCOMPARE(found(QStringLiteral("digestive bisc")), found(QStringLiteral("digestive biscuit")));
+        QCOMPARE(found(QStringLiteral("yorkshire pudd")), found(QStringLiteral("yorkshire pudding")));
+        QCOMPARE(found(QStringLiteral("wings buffalo")), found(QStringLiteral("buffalo wings")));
+        // The first words may not.
+        QVERIFY(found(QStringLiteral("dig biscuit")) != found(QStringLiteral("digestive biscuit")));
+    }
+
+    void whatAFoodIsWithoutIsNoFood()
+    {
+        QVERIFY(found(QStringLiteral("toast no butter")).value(0).startsWith(QLatin1String("Bread")));
+        QVERIFY(found(QStringLiteral("salad no dressing"))
+                    .contains(QStringLiteral("Fast foods, salad, vegetable, tossed, without dressing")));
+        // Nor is a number.
+        QVERIFY(found(QStringLiteral("greek yog 0%")).filter(QStringLiteral("Beef")).isEmpty());
+    }
+
+    void foodsOfOnesOwnPushNoOtherOutOfAFilledList()
+    {
+        const QString query = QStringLiteral("crispy bacon");
+        const std::vector<int> plain = search.search(query);
+        QHash<int, float> logged;
+        for (const int food : search.search(QStringLiteral("bacon")))
+            if (std::find(plain.begin(), plain.end(), food) == plain.end())
+                logged.insert(food, 1.0F);
+        FoodSearch mine(names);
+        mine.setOwnFoods(logged);
+        const std::vector<int> hits = mine.search(query);
+        QVERIFY(hits.size() > plain.size());
+        for (const int food : plain)
+            QVERIFY2(std::find(hits.begin(), hits.end(), food) != hits.end(), qPrintable(names[food]));
     }
 
     void theMoreUsefulOfTwoFoodsOfOnesOwnComesFirst()
