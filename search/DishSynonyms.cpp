@@ -348,6 +348,8 @@ constexpr Row table[] = {
     {"peach slice|sliced peach|peach half|peach halves", "peaches raw|canned"},
     {"orange segment|orange slice|sliced orange|orange wedge", "oranges raw"},
     {"mandarin segment|mandarin piece|mandarin orange|tinned mandarin", "tangerines mandarin"},
+    {"beef burger|beefburger|cheese beef burger", "hamburger patty"},
+    {"bean sausage|sausage bean|franks beans|bean franks", "beans baked franks"},
 };
 
 } // namespace

@@ -68,6 +68,7 @@ private:
     void judgeCounted(FoodQuantity &quantity) const;
     [[nodiscard]] Answer answerTo(const QString &query) const;
     void complete(Answer &whole, const QString &query) const;
+    [[nodiscard]] std::optional<FoodRank> bestForAnyone(const Answer &answer) const;
     [[nodiscard]] Answer answerToMain(const QString &query) const;
     [[nodiscard]] Answer partialAnswerTo(const QString &query) const;
     void addOtherFood(Answer &partial) const;

@@ -20,12 +20,14 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
 {
     constexpr std::size_t glance = 5;
     const bool unmeant = whole.ranks.empty() || whole.ranks.front().forFew;
-    const bool sure = !whole.ranks.empty() && whole.ranks.front().tier == FoodRank::Tier::WholeHead
-        && whole.ranks.front().prefixes == 0 && !whole.ranks.front().ofBrand;
-    if (!unmeant && (sure || whole.ranks.size() >= glance))
+    if (!unmeant && whole.ranks.size() >= glance)
+        return;
+    const std::optional<FoodRank> best = bestForAnyone(whole);
+    const bool sure = best && best->tier == FoodRank::Tier::WholeHead && best->prefixes == 0 && !best->ofBrand;
+    if (!unmeant && sure)
         return;
     Answer more = answerToMain(query);
-    if (more.ranks.empty() || (!unmeant && whole.ranks.front().tier <= more.ranks.front().tier))
+    if (more.ranks.empty() || (!unmeant && best->tier <= more.ranks.front().tier))
         more = partialAnswerTo(query);
     if (more.ranks.empty() || more.ranks.front().forFew)
         return;
@@ -47,6 +49,23 @@ void FoodSearch::complete(Answer &whole, const QString &query) const
         whole.ranks.push_back(rank);
         shown += rank.own == FoodRank::notOwn ? 1 : 0;
     }
+}
+
+// The best food, were none the person's own: what one logs takes nothing out of the list.
+std::optional<FoodRank> FoodSearch::bestForAnyone(const Answer &answer) const
+{
+    std::optional<FoodRank> best;
+    for (FoodRank rank : answer.ranks) {
+        if (rank.own != FoodRank::notOwn) {
+            const FoodIndex::Name &name = index->names()[static_cast<std::size_t>(rank.name)];
+            rank.own = FoodRank::notOwn;
+            rank.ofBrand = name.ofBrand;
+            rank.forFew = name.forFew;
+        }
+        if (!best || rank < *best)
+            best = rank;
+    }
+    return best;
 }
 
 // The answer to what stands before a "with". An "and" joins equals, and who eats "cheese and onion crisps" no cheese.
@@ -92,7 +111,7 @@ FoodSearch::Answer FoodSearch::partialAnswerTo(const QString &query) const
 void FoodSearch::addOtherFood(Answer &partial) const
 {
     constexpr std::size_t formsofone = 3;
-    const FoodIndex::Name &best = index->names()[static_cast<std::size_t>(partial.ranks.front().name)];
+    const FoodIndex::Name &best = index->names()[static_cast<std::size_t>(bestForAnyone(partial)->name)];
     const FoodIndex::NameWord *words = index->wordsOf(best);
     const auto lacks = [&](const FoodQuery::Term &term) {
         return std::none_of(words, words + best.count,
@@ -121,10 +140,11 @@ void FoodSearch::addOtherFood(Answer &partial) const
         return;
     std::vector<FoodRank> &ranks = partial.ranks;
     std::size_t put = before ? 0 : std::min(formsofone, ranks.size());
-    for (std::size_t i = 0; i < std::min(formsofone, other.ranks.size()); ++i) {
-        const FoodRank &rank = other.ranks[i];
-        if (rank.tier != first.tier)
+    std::size_t forms = 0; // without the person's own, which take nobody's place here either
+    for (const FoodRank &rank : other.ranks) {
+        if (rank.tier != first.tier || forms == formsofone)
             return;
+        forms += rank.own == FoodRank::notOwn ? 1 : 0;
         std::erase_if(ranks, [&](const FoodRank &each) { return each.name == rank.name; });
         put = std::min(put, ranks.size());
         ranks.insert(ranks.begin() + static_cast<std::ptrdiff_t>(put++), rank);
