@@ -8,6 +8,9 @@
 #include <QPushButton>
 #include <QTreeWidget>
 
+#include <cmath>
+#include <limits>
+
 namespace {
 
 const QString egg = QStringLiteral("Egg, whole, raw, fresh");
@@ -406,6 +409,22 @@ private slots:
         QVERIFY(text("notelabel").contains(QLatin1String("Alt+Enter adds 1 cup")));
         press(Qt::Key_Return, alt ? Qt::AltModifier : Qt::NoModifier);
         QTEST(handedOver(buttermilk), "chosen");
+    }
+
+    void nothingIsSaidOfTheLastTimeWhereItIsWhatIsAdded()
+    {
+        logFoods();
+        open();
+        type("1 cup buttermilk fluid");
+        QCOMPARE(current(), buttermilk);
+        QVERIFY(!text("notelabel").contains(QLatin1String("Alt+Enter")));
+    }
+
+    void anAmountThatIsNoNumberAboveZeroIsNoQuantity()
+    {
+        for (const float amount : {std::numeric_limits<float>::infinity(), std::nanf(""), 0.0F, -1.0F})
+            QVERIFY(!Quantity::logged(amount, std::nullopt, Composition()));
+        QVERIFY(Quantity::logged(0.5F, std::nullopt, Composition()));
     }
 
 private:

@@ -312,6 +312,7 @@ private slots:
         QVERIFY(tobeadded()->hasFocus());
         press(Qt::Key_Backspace);
         QCOMPARE(kept(), QStringList{banana});
+        QCOMPARE(tobeadded()->currentItem()->text(), banana);
         QVERIFY(field()->text().isEmpty());
         press(Qt::Key_Return);
         QCOMPARE(added, QList<QStringList>{{banana}});

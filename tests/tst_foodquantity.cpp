@@ -104,6 +104,8 @@ private slots:
             "2 x 1 wedge, 160 g");
         row("what comes with it is no piece", "2 apples", {unit("1 with skin", 60), unit("1 large", 100)},
             "2 x 1 large, 200 g");
+        row("a size of two words", "1 extra small egg", {unit("1 small", 38), unit("1 extra small", 30)},
+            "1 x 1 extra small, 30 g");
         row("a weight without end", "1 cup jam", {unit("1 cup", std::numeric_limits<float>::infinity())},
             "100 x g, 100 g");
     }
@@ -118,6 +120,16 @@ private slots:
                                  .arg(portion.amount, measures[static_cast<std::size_t>(portion.unit)].title)
                                  .arg(double(portion.grams));
         QTEST(text, "portion");
+    }
+
+    void ofACanAndATinTheCannedFoodComesFirst()
+    {
+        for (const char *query : {"1 can peaches", "1 tin peaches"}) {
+            const std::vector<FoodQuantity::Reading> readings = FoodQuantity::readings(QString::fromLatin1(query));
+            QCOMPARE(readings.size(), std::size_t(2));
+            QVERIFY(readings[0].rest.endsWith(QStringLiteral("peaches canned")));
+            QVERIFY(readings[1].rest.endsWith(QStringLiteral("peaches")));
+        }
     }
 
     // Whoever types the amount into the cell gets the same float, and so the same weight to the bit.

@@ -122,6 +122,8 @@ private slots:
         QTest::newRow("Cocoa, dry powder, unsweetened") << 1.0F << "1 tbsp";
         QTest::newRow("Coffee, brewed from grounds, prepared with tap water") << 1.0F << "1 cup (8 fl oz)";
         QTest::newRow("Alcoholic beverage, beer, regular, all") << 1.0F << "1 can";
+        QTest::newRow("Coffee, instant, decaffeinated, powder, prepared with water") << 240.0F << "g";
+        QTest::newRow("Alcoholic beverage, distilled, vodka, 80 proof") << 1.0F << "1 jigger 1.5 fl oz";
         QTest::newRow("Cereals ready-to-eat, wheat germ, toasted, plain") << 1.0F << "1 oz";
         QTest::newRow("Bananas, raw") << 1.0F << "1 medium (7\" to 7-7/8\" long)";
         QTest::newRow("Cheese, cottage, lowfat, 2% milkfat") << 1.0F << "4 oz";
@@ -132,6 +134,10 @@ private slots:
         QTest::newRow("Wheat germ, crude") << 28.0F << "g";
         QTest::newRow("Pork, fresh, loin, top loin (chops), boneless, separable lean only, cooked, broiled")
             << 1.0F << "1 chop";
+        QTest::newRow("Pork, fresh, loin, blade (chops), bone-in, separable lean and fat, cooked, broiled")
+            << 85.0F << "g"; // a chop is a dish for two
+        QTest::newRow("Lamb, New Zealand, imported, frozen, loin, separable lean and fat, cooked, broiled")
+            << 1.0F << "3 oz"; // a chop is a morsel
         // The measures are what a raw bird yields.
         QTest::newRow("Turkey, fryer-roasters, light meat, meat only, cooked, roasted") << 85.0F << "g";
     }
@@ -178,6 +184,10 @@ private slots:
             << measure("cup", 180) + measure("oz", 28) << 50.0F << Portion{1.0F, cup, 180.0F};
         QTest::newRow("half of what weighs too much") << measure("cup", 400) << 50.0F << Portion{0.5F, cup, 200.0F};
         QTest::newRow("half of what is too rich") << measure("cup", 200) << 200.0F << Portion{0.5F, cup, 100.0F};
+        QTest::newRow("a quarter, and no less")
+            << measure("pie", 900) << 50.0F << Portion{0.25F, QStringLiteral("1 pie"), 225.0F};
+        QTest::newRow("what only begins like a package") << measure("cannoli", 100) + measure("cup", 150) << 50.0F
+                                                         << Portion{1.0F, QStringLiteral("1 cannoli"), 100.0F};
         QTest::newRow("no package") << measure("package (10 oz)", 240) + measure("cup", 150) << 50.0F
                                     << Portion{1.0F, cup, 150.0F};
         QTest::newRow("200 kcal where no measure helps")
@@ -210,6 +220,9 @@ private slots:
         QTest::newRow("GREEN GIANT, HARVEST BURGER, Original Flavor, All Vegetable Protein Patties, frozen")
             << Standing::Rank::Further;
         QTest::newRow("Energy drink, ROCKSTAR") << Standing::Rank::Further;
+        QTest::newRow("Beef, chuck, mock tender steak, separable lean and fat, trimmed to 0 inch fat, USDA choice, "
+                      "cooked, broiled")
+            << Standing::Rank::Everyday; // these capitals are no brand
         QTest::newRow("Game meat, beaver, cooked, roasted") << Standing::Rank::Further;
         QTest::newRow("Lentils, raw") << Standing::Rank::NotAsSuch;
         QTest::newRow("Beef, variety meats and by-products, liver, raw") << Standing::Rank::NotAsSuch;

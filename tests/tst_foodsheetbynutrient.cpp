@@ -8,6 +8,8 @@
 #include <QComboBox>
 #include <QPushButton>
 
+#include <cmath>
+
 namespace {
 
 const QString liver = QStringLiteral("Beef, variety meats and by-products, liver, cooked, braised");
@@ -74,6 +76,10 @@ private slots:
         type("2 oz cheddar");
         const QString food = current();
         QVERIFY2(rowSaid(0).startsWith(QLatin1String("56.7 g, ")), qPrintable(rowSaid(0)));
+        Composition composition;
+        QVERIFY(composition.read(food));
+        const float per100grams = composition.amount(NutrientCatalogue::indexOfNutrient("Calcium")).value_or(0.0F);
+        QVERIFY(per100grams > 0.0F && std::abs(amountOf(0) - double(per100grams) * 0.567) < 1.0);
         press(Qt::Key_Return);
         QVERIFY2(handedOver(food).endsWith(QLatin1String("|g")) || handedOver(food).endsWith(QLatin1String("oz")),
             qPrintable(handedOver(food)));

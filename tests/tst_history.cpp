@@ -219,6 +219,29 @@ private slots:
         QVERIFY(figures.isLowerBound());
     }
 
+    void anAllowanceNotAboveZeroIsNone()
+    {
+        for (const float allowance : {0.0F, -5.0F, noNumber})
+            QVERIFY(!History::ratioOf(1.0, allowance));
+    }
+
+    void sourcesOfOneAmountGoByNameAndThoseOfNothingAreLeftOut()
+    {
+        history->files.writeElements(QStringLiteral("Bagel"), "<nutrient name='Energy' amount='100'/>");
+        history->store({2026, 3, 1},
+            {StoredHistory::record("Water", -100), StoredHistory::record("Bread", 250),
+                StoredHistory::record("Bagel", 250)});
+        const History::Days days = read({2026, 3, 1}, {2026, 3, 1});
+        const std::vector<History::Source> energy = History::sources(days, 0).known;
+        QCOMPARE(energy.size(), std::size_t(2));
+        QCOMPARE(*energy[0].food, QStringLiteral("Bagel"));
+        QCOMPARE(energy[1].runningshare, std::optional(1.0));
+        // 100 g of water in the bread, and as much taken away: no share of nothing.
+        const std::vector<History::Source> water = History::sources(days, nutrient("Water")).known;
+        QCOMPARE(water.size(), std::size_t(2));
+        QVERIFY(!water[0].share && !water[1].runningshare);
+    }
+
     void barsAreOfDaysThenWeeksThenMonths_data()
     {
         QTest::addColumn<QDate>("first");
