@@ -3,6 +3,7 @@
 
 #include "support/EnteredLog.h"
 #include "support/LockedStore.h"
+#include "support/StoreView.h"
 
 #include "platform/PropertyList.h"
 
@@ -29,20 +30,21 @@ private:
         std::optional<LockedStore> locked;
         if (!afterreading)
             locked.emplace(log->storePath(), lock);
-        Run run(log->home);
-        run.launch();
+        std::optional<Run> run(std::in_place, log->home);
+        run->launch();
         if (afterreading)
             locked.emplace(log->storePath(), lock);
-        if (run.names().contains(QStringLiteral("A"))) {
-            run.select({0});
-            run.controller.removeSelected();
+        if (run->names().contains(QStringLiteral("A"))) {
+            run->select({0});
+            run->controller.removeSelected();
         }
-        log->enter(run, QStringLiteral("C 50"));
-        log->setRDA(run, 1, "250");
-        run.store.setObject(false, QStringLiteral("UseP"));
+        log->enter(*run, QStringLiteral("C 50"));
+        log->setRDA(*run, 1, "250");
+        run->store.setObject(false, QStringLiteral("UseP"));
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(run.terminate());
+        QVERIFY(run->terminate());
+        run.reset();
         QVERIFY2(timer.elapsed() < 2000, "one wait for the lock, and no more");
     }
 
@@ -90,6 +92,105 @@ private slots:
         Run run(log->home);
         run.launch();
         QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    }
+
+    void whatIsEnteredAfterwardsIsLeftToo()
+    {
+        log->storeToday(QStringLiteral("A 30"));
+        {
+            Run run(log->home);
+            run.launch();
+            const LockedStore locked(log->storePath(), LockedStore::Shared);
+            log->enter(run, QStringLiteral("C 50"));
+            QVERIFY(run.terminate()); // the session's manager asks, and the run goes on
+            log->enter(run, QStringLiteral("D 60"));
+            QVERIFY(run.terminate());
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("C"), QStringLiteral("D")}));
+    }
+
+    // The file is set aside for the record in it that is none; what else was in it must not wait for this run's end.
+    void whatIsTakenInAndCannotBeSavedIsLeftAtOnce()
+    {
+        leave(LockedStore::Shared, true);
+        QVERIFY(StoreView(pendingPath()).put(QStringLiteral("a key"), "no record"));
+        const LockedStore locked(log->storePath(), LockedStore::Shared);
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("B"), QStringLiteral("C")}));
+        QVERIFY(QFile::exists(pendingPath()));
+    }
+
+    void aFileThatHoldsNothingGoes()
+    {
+        leave(LockedStore::Shared, true);
+        QVERIFY(StoreView(pendingPath()).run("DELETE FROM defaults"));
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.names(), (QStringList{QStringLiteral("A"), QStringLiteral("B")}));
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
+    void onlyDaysAndAllowancesAreJoined()
+    {
+        const QString key = QStringLiteral("AddFoodSheetSize");
+        const QVariantList mine{qint64(700), qint64(500)};
+        UserDefaults(log->storePath()).setObject(QVariantList{qint64(900), qint64(600)}, key);
+        {
+            const LockedStore locked(log->storePath(), LockedStore::Exclusive);
+            Run run(log->home);
+            run.launch();
+            static_cast<void>(run.store.objectForKey(key)); // in vain
+            run.store.setObject(mine, key);
+            QVERIFY(run.terminate());
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(run.store.objectForKey(key), QVariant(mine));
+    }
+
+    void whatTheRunDidNotUnderstandIsKeptInACopy()
+    {
+        log->storeToday(QString());
+        QVERIFY(StoreView(log->storePath()).put(EnteredLog::today, "no property list"));
+        {
+            Run run(log->home);
+            run.launch();
+            log->enter(run, QStringLiteral("C 50"));
+            const LockedStore locked(log->storePath(), LockedStore::Shared);
+            QVERIFY(run.terminate());
+        }
+        {
+            Run run(log->home);
+            run.launch();
+            QCOMPARE(run.names(), QStringList{QStringLiteral("C")});
+        }
+        StoreView store(log->storePath());
+        QStringList keys = store.column("SELECT key FROM defaults WHERE value = CAST('no property list' AS BLOB)");
+        QCOMPARE(keys.size(), 1);
+        QVERIFY(keys.first().startsWith(EnteredLog::today) && keys.first() != EnteredLog::today);
+    }
+
+    // The run shows its own entry alone; the store holds the former ones too.
+    void whatTheRunHadJoinedIsJoinedAgain()
+    {
+        log->storeToday(QStringLiteral("A 30, B 40"));
+        {
+            std::optional<LockedStore> locked(std::in_place, log->storePath(), LockedStore::Exclusive);
+            Run run(log->home);
+            run.launch();
+            log->enter(run, QStringLiteral("C 50"));
+            locked.reset();
+            QVERIFY(run.terminate()); // the session's manager asks, and the run goes on
+            log->enter(run, QStringLiteral("D 60"));
+            locked.emplace(log->storePath(), LockedStore::Shared);
+            QVERIFY(run.terminate());
+        }
+        Run run(log->home);
+        run.launch();
+        QCOMPARE(log->storedEntries(EnteredLog::today), QStringLiteral("A 30, B 40, C 50, D 60"));
     }
 
     void aStartThatStillCannotWriteShowsTheValuesAndLeavesThemAgain()

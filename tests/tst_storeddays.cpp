@@ -153,6 +153,19 @@ private slots:
         }
     }
 
+    void aNameCountsOnceAndNoNameEachTime()
+    {
+        QVariantList items;
+        for (const auto &name : {std::optional(QStringLiteral("A")), std::optional(QString()), std::optional<QString>(),
+                 std::optional<QString>(), std::optional(QStringLiteral("A"))})
+            items.append(FoodRecord::archivedDataWithRootObject(Food(name)));
+        const StoredDay day = StoredDay::of(items);
+        QCOMPARE(day.foods.size(), std::size_t(4));
+        QCOMPARE(day.foods[0].name(), QStringLiteral("A"));
+        QCOMPARE(day.foods[1].name(), QString());
+        QVERIFY(!day.foods[2].name() && !day.foods[3].name());
+    }
+
     void aValueThatIsNoListIsAnEmptyDay()
     {
         for (const QVariant &value : {QVariant(), QVariant(qint64(1)), QVariant(QStringLiteral("A"))}) {
