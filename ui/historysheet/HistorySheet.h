@@ -12,6 +12,8 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace Ui {
 class HistorySheet;
@@ -58,7 +60,7 @@ private:
     void makeControls();
     void connectControls();
     void fillOrders();
-    void fitColumns();
+    void fitYear();
     void orderByColumn(int column);
     [[nodiscard]] std::optional<History::Length> chosenLength() const;
     [[nodiscard]] QDate lastDay() const; // yesterday or today
@@ -90,7 +92,7 @@ private:
     QDate cursor;
     bool showssources = false; // those of the present nutrient and days
     bool isreloading = false;
-    int figureswidth = 0; // of the table with all its columns
+    std::vector<std::pair<TableView *, FittedColumns>> fitted; // of all tables
     FiguresTable figurestable;
     SourcesTable sourcestable;
     UnknownSourcesTable unknowntable;
