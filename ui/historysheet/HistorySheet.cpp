@@ -415,6 +415,14 @@ void HistorySheet::choose(QDate day)
     emit dayChosen(day);
 }
 
+QList<std::pair<QString, QString>> HistorySheet::keys()
+{
+    return {{tr("Left, Right"), tr("Previous or next day")},
+        {tr("Page Up, Page Down"), tr("Back or on by a week, or by a bar")}, {tr("Home, End"), tr("First or last day")},
+        {tr("Up, Down"), tr("Another nutrient")}, {tr("Alt+Left, Alt+Right"), tr("The period before or after")},
+        {tr("Enter"), tr("Open the day; of a food, the last day with it")}, {tr("Esc"), tr("Close")}};
+}
+
 void HistorySheet::keyPressEvent(QKeyEvent *event)
 {
     if (!isEnter(*event)) {

@@ -43,6 +43,9 @@ public:
     explicit HistorySheet(QWidget *parent = nullptr);
     ~HistorySheet() override;
 
+    // What its own keys do, for the list of all shortcuts: each key with its command.
+    [[nodiscard]] static QList<std::pair<QString, QString>> keys();
+
     // Opens on the 30 days up to yesterday, of energy; again with the length, the nutrient and the view that it was
     // closed with, up to the present end. The view has the keyboard.
     void openWith(Sources &&sources);
