@@ -12,6 +12,7 @@
 #include "tools/PictureDays.h"
 #include "ui/MainInterface.h"
 #include "ui/controls/DatePicker.h"
+#include "ui/controls/OutlineStyle.h"
 #include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/historysheet/HistorySheet.h"
@@ -298,6 +299,7 @@ void takeAtSize(Day &day, Pictures &pictures, QSize size, const QString &name)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    OutlineStyle::use();
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3 && arguments.size() != 5) {
         std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name that the pictures begin with>]\n", stderr);
