@@ -280,7 +280,7 @@ private slots:
         QCOMPARE(sheet(), nullptr);
     }
 
-    void noPercentageIsCutInASmallWindow_data()
+    void noFigureIsCutInASmallWindow_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<int>("points"); // of the font
@@ -289,7 +289,7 @@ private slots:
                 QTest::addRow("%d x %d, %d points", size.width(), size.height(), points) << size << points;
     }
 
-    void noPercentageIsCutInASmallWindow()
+    void noFigureIsCutInASmallWindow()
     {
         QFETCH(QSize, size);
         QFETCH(int, points);
@@ -303,6 +303,11 @@ private slots:
         run->edit(0, QStringLiteral("340000")); // 8500 %
         run->controller.updateNutrients();
         QCoreApplication::processEvents();
+        const auto *totals = window()->findChild<QLabel *>(QStringLiteral("totals"));
+        QVERIFY(totals->text().startsWith(QStringLiteral("170,000 kcal")));
+        const QRect lines = totals->fontMetrics().boundingRect(
+            QRect(0, 0, totals->width(), window()->height()), Qt::TextWordWrap, totals->text());
+        QVERIFY(totals->size().expandedTo(lines.size()) == totals->size()); // on a second line, not cut
         QApplication::setFont(usual);
         QCOMPARE(window()->size(), size);
         const QRect cell = nutrients()->visualRect(nutrients()->model()->index(0, 1));
