@@ -7,6 +7,7 @@
 #include "app/TerminationSignals.h"
 #include "platform/UserDefaults.h"
 #include "ui/MainInterface.h"
+#include "ui/controls/OutlineStyle.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -52,6 +53,7 @@ int main(int argc, char **argv)
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN));
     QApplication application(argc, argv);
     introduce();
+    OutlineStyle::use();
 
     bool isended = false; // the save at the end has run
     bool issaved = true;

@@ -437,6 +437,67 @@ private slots:
         QVERIFY(!figures()->isColumnHidden(4));
     }
 
+    // Of the three tables, what is shown at the least.
+    void noTableHidesItsFiguresBehindAScrollBar_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<QList<int>>("figurescolumns");
+        QTest::addColumn<QList<int>>("sourcescolumns");
+        QTest::addColumn<QList<int>>("dayscolumns");
+        using Columns = QList<int>;
+        QTest::newRow("the least") << QSize(640, 400) << Columns{0, 1, 5} << Columns{0, 4} << Columns{0, 3};
+        QTest::newRow("small") << QSize(800, 500) << Columns{0, 1, 4, 5} << Columns{0, 1, 4} << Columns{0, 3, 4};
+        QTest::newRow("first") << QSize(1080, 680) << Columns{0, 1, 2, 3, 4, 5} << Columns{0, 1, 2, 3, 4}
+                               << Columns{0, 1, 2, 3, 4};
+    }
+
+    void noTableHidesItsFiguresBehindAScrollBar()
+    {
+        QFETCH(QSize, size);
+        QFETCH(QList<int>, figurescolumns);
+        QFETCH(QList<int>, sourcescolumns);
+        QFETCH(QList<int>, dayscolumns);
+        start();
+        window()->resize(size);
+        open();
+        sheet()->resize(size); // also where the screen is smaller
+        const auto check = [this](const char *name, const QList<int> &columns) {
+            const auto *table = find<TableView>(name);
+            QList<int> seen;
+            for (int column = 0; column < table->model()->columnCount(); ++column)
+                if (!table->isColumnHidden(column))
+                    seen.append(column);
+            QCOMPARE(seen, columns);
+            QVERIFY(table->horizontalHeader()->length() <= table->viewport()->width());
+        };
+        check("figures", figurescolumns);
+        find<QTabWidget>("tabs")->setCurrentIndex(1);
+        check("sources", sourcescolumns);
+        find<QTabWidget>("tabs")->setCurrentIndex(2);
+        check("days", dayscolumns);
+    }
+
+    void theFirstSizeShowsMostOfAFoodsName()
+    {
+        start();
+        open();
+        sheet()->resize(1080, 680);
+        find<QTabWidget>("tabs")->setCurrentIndex(1);
+        const auto *table = find<TableView>("sources");
+        const QFontMetrics metrics = table->fontMetrics();
+        const QString name = QStringLiteral("Broccoli, cooked, boiled, drained, without salt");
+        QVERIFY(metrics.elidedText(name, Qt::ElideRight, table->columnWidth(0) - 16).size() > 24);
+    }
+
+    void aLowSheetHasTheChartAlone()
+    {
+        open();
+        QVERIFY(find<YearView>("year")->isVisible());
+        sheet()->resize(640, 400);
+        QVERIFY(!find<YearView>("year")->isVisible());
+        QTRY_VERIFY(chart()->height() > 6 * chart()->fontMetrics().height());
+    }
+
     void tabGoesRoundItInTheOrderOfReading()
     {
         open();

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 Provender developers
 // SPDX-License-Identifier: MIT
 
+#include "catalog/FoodCatalogue.h"
 #include "platform/LocalDay.h"
 #include "tests/support/Run.h"
 #include "ui/controls/DatePicker.h"
@@ -198,6 +199,36 @@ private slots:
         QCOMPARE(totals->text(), QStringLiteral("0 kcal · carbs 0 g · protein 0 g · fat 0 g"));
     }
 
+    void anEmptyDaySaysHowItGetsFoods()
+    {
+        QVERIFY(table()->accessibleDescription().contains(QStringLiteral("Ctrl+N")));
+        QVERIFY(table()->accessibleDescription().contains(QStringLiteral("Ctrl+D")));
+        run->add({A});
+        QCOMPARE(table()->accessibleDescription(), QString());
+    }
+
+    void theSheetsOwnKeysAreListedAsTheReadmeHasThem()
+    {
+        QFile readme(QStringLiteral(SOURCE_DIR "/README.md"));
+        QVERIFY(readme.open(QIODevice::ReadOnly));
+        const QString text = QString::fromUtf8(readme.readAll());
+        const std::pair<QString, QString> parts[]
+            = {{QStringLiteral("In Add Food"), QStringLiteral("| Adding foods |")},
+                {QStringLiteral("In Add from Another Day"), QStringLiteral("| In another day's entries |")},
+                {QStringLiteral("In History"), QStringLiteral("| In the history |")}};
+        QTest::keyClick(table(), Qt::Key_F1);
+        const auto *keys = sheet()->findChild<QTreeWidget *>(QStringLiteral("shortcuts"));
+        for (const auto &[title, head] : parts) {
+            const QList<QTreeWidgetItem *> found = keys->findItems(title, Qt::MatchExactly);
+            QCOMPARE(found.size(), 1);
+            QVERIFY(found[0]->childCount() >= 4);
+            const QString told = text.section(head, 1).section(QStringLiteral("\n\n"), 0, 0);
+            for (int i = 0; i < found[0]->childCount(); ++i)
+                for (const QString &key : found[0]->child(i)->text(1).split(QStringLiteral(", ")))
+                    QVERIFY2(told.contains(key), qPrintable(title + u' ' + key));
+        }
+    }
+
     void everyShortcutOfTheWindowIsListed()
     {
         QApplication::clipboard()->setText(QStringLiteral("before"));
@@ -225,7 +256,8 @@ private slots:
             int withkeys = 0;
             for (const QAction *action : window()->findChildren<QAction *>(QString(), Qt::FindDirectChildrenOnly))
                 withkeys += action->shortcut().isEmpty() ? 0 : 1;
-            QCOMPARE(lines.filter(QStringLiteral("/")).size(), withkeys);
+            const QStringList ofsheets = lines.filter(QRegularExpression(QStringLiteral("^In [^/]*/")));
+            QCOMPARE(lines.filter(QStringLiteral("/")).size() - ofsheets.size(), withkeys);
             QTest::keyClick(keys, Qt::Key_Down);
             QTest::keyClick(keys, Qt::Key_C, Qt::ControlModifier);
             QCOMPARE(QApplication::clipboard()->text(), QStringLiteral("before"));
@@ -248,7 +280,7 @@ private slots:
         QCOMPARE(sheet(), nullptr);
     }
 
-    void noPercentageIsCutInASmallWindow_data()
+    void noFigureIsCutInASmallWindow_data()
     {
         QTest::addColumn<QSize>("size");
         QTest::addColumn<int>("points"); // of the font
@@ -257,7 +289,7 @@ private slots:
                 QTest::addRow("%d x %d, %d points", size.width(), size.height(), points) << size << points;
     }
 
-    void noPercentageIsCutInASmallWindow()
+    void noFigureIsCutInASmallWindow()
     {
         QFETCH(QSize, size);
         QFETCH(int, points);
@@ -271,6 +303,11 @@ private slots:
         run->edit(0, QStringLiteral("340000")); // 8500 %
         run->controller.updateNutrients();
         QCoreApplication::processEvents();
+        const auto *totals = window()->findChild<QLabel *>(QStringLiteral("totals"));
+        QVERIFY(totals->text().startsWith(QStringLiteral("170,000 kcal")));
+        const QRect lines = totals->fontMetrics().boundingRect(
+            QRect(0, 0, totals->width(), window()->height()), Qt::TextWordWrap, totals->text());
+        QVERIFY(totals->size().expandedTo(lines.size()) == totals->size()); // on a second line, not cut
         QApplication::setFont(usual);
         QCOMPARE(window()->size(), size);
         const QRect cell = nutrients()->visualRect(nutrients()->model()->index(0, 1));
@@ -302,8 +339,25 @@ private slots:
         const QFontMetrics metrics = table()->fontMetrics();
         QCOMPARE(shown(table(), 0, 2), unit);
         QCOMPARE(table()->columnWidth(2) >= metrics.horizontalAdvance(unit) + 22, unitfits);
-        QVERIFY(metrics.elidedText(name, Qt::ElideRight, table()->columnWidth(0) - 8).size() > 28);
         QCOMPARE(table()->horizontalHeader()->length(), table()->viewport()->width());
+    }
+
+    void twentyEightLettersOfEveryNameAreSeenInASmallWindow()
+    {
+        const QString unit = QStringLiteral("1 piece, cooked, excluding refuse (yield from 1 lb)");
+        home->files.writeElements(
+            QStringLiteral("Beans"), "<measure name='" + unit.mid(2).toUtf8() + "' amount='1' grams='10'/>");
+        run->add({QStringLiteral("Beans")});
+        run->controller.foods[0]->setCurunit(unit);
+        window()->resize(800, 500);
+        table()->reloadData();
+        QCoreApplication::processEvents();
+        const QFontMetricsF metrics(table()->font());
+        constexpr int cellmargins = 12;
+        const int room = table()->columnWidth(0) - cellmargins;
+        for (const QString &name : FoodCatalogue::foodNames())
+            QVERIFY2(metrics.elidedText(name, Qt::ElideRight, room).size() > std::min(name.size() - 1, qsizetype(28)),
+                qPrintable(name));
     }
 
     void aColumnKeepsTheWidthThatThePersonGaveIt()

@@ -4,8 +4,8 @@
 #
 # screenshots.sh [build folder] [folder]: takes pictures of every window on a virtual display, light, dark, small and at
 # 200 %, into pictures/ of the build folder, and copies those that the documents show to the other folder, by default
-# docs/pictures. For looking at there are also pictures of the main window in every mix of light and dark, sizes, scales
-# and letters, in pictures/sizes.
+# docs/pictures. For looking at there are also pictures of every window in every mix of light and dark, sizes, scales and
+# letters, in pictures/sizes.
 # Nothing of the user's is read or written.
 set -euo pipefail
 

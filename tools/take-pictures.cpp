@@ -3,13 +3,16 @@
 
 // take-pictures <folder> day|dark|large: pictures of the program's windows with a day in them, for the documents. The
 // windows are the program's own; only the palette, the clock and the store are this program's, since the program itself
-// has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives.
+// has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives. With a size and a name: pictures
+// of every window, those that can be as large at that size.
 
 #include "app/AppDelegate.h"
 #include "catalog/NutrientCatalogue.h"
 #include "platform/UserDefaults.h"
 #include "tools/PictureDays.h"
 #include "ui/MainInterface.h"
+#include "ui/controls/DatePicker.h"
+#include "ui/controls/OutlineStyle.h"
 #include "ui/daysheet/DaySheet.h"
 #include "ui/foodsheet/AddFoodSheet.h"
 #include "ui/historysheet/HistorySheet.h"
@@ -218,14 +221,88 @@ void takeHistory(Day &day, Pictures &pictures, const QString &name, bool all)
     sheet.reject();
 }
 
+void takeMenu(Day &day, Pictures &pictures, const QString &name)
+{
+    day.logtable->setCurrentRow(0);
+    day.logtable->openMenuOfCurrentRow();
+    Pictures::settle();
+    if (QWidget *menu = QApplication::activePopupWidget()) {
+        pictures.take(*menu, name);
+        menu->close();
+    }
+}
+
+void takeCalendar(Day &day, Pictures &pictures, const QString &name)
+{
+    auto &picker = *day.window->findChild<DatePicker *>();
+    Pictures::press(picker, Qt::Key_Down, QString(), Qt::AltModifier);
+    if (QWidget *calendar = QApplication::activePopupWidget()) {
+        pictures.take(*calendar, name);
+        calendar->close();
+    }
+}
+
+// Every window, each at this size.
+void takeAtSize(Day &day, Pictures &pictures, QSize size, const QString &name)
+{
+    day.window->resize(size);
+    pictures.take(*day.window, name + QStringLiteral("-main"));
+    takeMenu(day, pictures, name + QStringLiteral("-unit"));
+    takeCalendar(day, pictures, name + QStringLiteral("-calendar"));
+    day.window->findChild<QAction *>(QStringLiteral("actionaddfood"))->trigger();
+    QWidget &field = *day.addview->findChild<QLineEdit *>(QStringLiteral("searchfield"));
+    day.addview->resize(size);
+    pictures.take(*day.addview, name + QStringLiteral("-own"));
+    Pictures::type(field, QStringLiteral("2 tbsp hummus"));
+    Pictures::press(field, Qt::Key_Return, QString(), Qt::ControlModifier);
+    Pictures::type(field, QStringLiteral("3 eggs"));
+    pictures.take(*day.addview, name + QStringLiteral("-food"));
+    Pictures::press(field, Qt::Key_Escape, QString());
+    day.addview->orderByNutrient(NutrientCatalogue::indexOfNutrient("Iron"));
+    pictures.take(*day.addview, name + QStringLiteral("-iron"));
+    day.addview->reject();
+    takeOtherDay(day, pictures, name + QStringLiteral("-other"));
+    day.showPrefs();
+    day.rdamenu->setCurrentIndex(day.rdamenu->findText(QStringLiteral("Vitamin C")));
+    day.RDAtick();
+    pictures.take(*day.preferences, name + QStringLiteral("-prefs"));
+    day.hidePrefs();
+    for (const char *sheetname : {"shortcuts", "about"}) {
+        day.window->findChild<QAction *>(QLatin1String("action") + QLatin1String(sheetname))->trigger();
+        Pictures::settle();
+        QWidget *sheet = QApplication::activeModalWidget();
+        pictures.take(*sheet, name + u'-' + QLatin1String(sheetname));
+        sheet->close();
+    }
+    day.window->findChild<QAction *>(QStringLiteral("actionhistory"))->trigger();
+    auto &sheet = *day.window->findChild<HistorySheet *>();
+    Pictures::settle();
+    auto &tabs = *sheet.findChild<QTabWidget *>(QStringLiteral("tabs"));
+    auto &lengths = *sheet.findChild<QComboBox *>(QStringLiteral("lengthbox"));
+    for (int row = 0; row < NutrientCatalogue::indexOfNutrient("Vitamin C"); ++row)
+        Pictures::press(*sheet.focusWidget(), Qt::Key_Down, QString());
+    for (const int length : {1, 4}) {
+        lengths.setCurrentIndex(length);
+        emit lengths.activated(length);
+        for (int tab = 0; tab < tabs.count(); ++tab) {
+            tabs.setCurrentIndex(tab);
+            pictures.take(sheet, name + QStringLiteral("-history-") + QString::number(length * 10 + tab));
+        }
+    }
+    sheet.reject();
+    day.window->findChild<QAction *>(QStringLiteral("actionnextday"))->trigger();
+    pictures.take(*day.window, name + QStringLiteral("-tomorrow"));
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    OutlineStyle::use();
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3 && arguments.size() != 5) {
-        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name of the picture>]\n", stderr);
+        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name that the pictures begin with>]\n", stderr);
         return 2;
     }
     const QString &kind = arguments[2];
@@ -250,8 +327,7 @@ int main(int argc, char **argv)
         }
         if (arguments.size() == 5) {
             const QStringList size = arguments[3].split(u'x');
-            day.window->resize(size.value(0).toInt(), size.value(1).toInt());
-            pictures.take(*day.window, arguments[4]);
+            takeAtSize(day, pictures, {size.value(0).toInt(), size.value(1).toInt()}, arguments[4]);
         } else if (kind == QStringLiteral("day")) {
             pictures.take(*day.window, QStringLiteral("main"));
             store.setObject(false, QStringLiteral("UseP"));

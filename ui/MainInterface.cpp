@@ -114,7 +114,7 @@ void MainInterface::makeTables()
     log->addTableColumn(column(QStringLiteral("Energy"), tr("kcal"), rightAligned(std::move(energy))));
     log->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     log->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch); // what room the others leave
-    log->setPlaceholderText(tr("Nothing eaten yet.\nPress Ctrl+N to add foods."));
+    log->setPlaceholderText(tr("Nothing eaten yet.\nAdd Food (Ctrl+N) or Add from Another Day (Ctrl+D)"));
 
     TableView *nutrients = main->nutrienttable;
     nutrients->addTableColumn(column(QStringLiteral("Name"), tr("Nutrient"), std::make_unique<TableCell>()));

@@ -93,9 +93,9 @@ void MainInterface::arrangeColumns()
 void MainInterface::arrangeLogColumns()
 {
     TableView &log = *main->logtable;
-    // What is left after the amounts and 28 letters of most names.
+    // What is left after the amounts and 28 letters of every name, in capitals too.
     const int amount = textWidth(log, QStringLiteral("10000.00"));
-    const int name = textWidth(log, QString(30, u'n'));
+    const int name = textWidth(log, QString(31, u'n'));
     const int energy = textWidth(log, QStringLiteral("100000"));
     const int narrowunit = textWidth(log, QStringLiteral("1 tbsp")) + arrow;
     const int room = log.viewport()->width() - amount - name - energy;

@@ -3,6 +3,10 @@
 
 #include "ui/ShortcutsSheet.h"
 
+#include "ui/daysheet/DaySheet.h"
+#include "ui/foodsheet/AddFoodSheet.h"
+#include "ui/historysheet/HistorySheet.h"
+
 #include <QAction>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -14,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -33,7 +38,6 @@ QTreeWidgetItem *group(const QString &title)
     item->setFont(0, font);
     item->setSizeHint(0, {0, QFontMetrics(font).height() * 3 / 2}); // of all rows, which are alike
     item->setFlags(Qt::ItemIsEnabled);
-    item->setFirstColumnSpanned(true);
     item->setData(1, Qt::AccessibleTextRole, title); // a screen reader comes to this cell too
     return item;
 }
@@ -62,7 +66,7 @@ ShortcutsSheet::ShortcutsSheet(QMainWindow *window)
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(keys);
     layout->addWidget(close, 0, Qt::AlignRight);
-    resize(fontMetrics().averageCharWidth() * 64, fontMetrics().height() * 30);
+    resize(fontMetrics().averageCharWidth() * 80, fontMetrics().height() * 30);
 }
 
 void ShortcutsSheet::open()
@@ -72,13 +76,18 @@ void ShortcutsSheet::open()
     for (const QAction *top : mainwindow->menuBar()->actions()) {
         if (top->menu() == nullptr)
             continue;
-        keys->addTopLevelItem(group(plain(top->text())));
-        list(keys->topLevelItem(keys->topLevelItemCount() - 1), top->menu()->actions());
+        list(addGroup(plain(top->text())), top->menu()->actions());
         for (QAction *listed : top->menu()->actions())
             others.removeAll(listed);
     }
-    keys->addTopLevelItem(group(tr("Elsewhere")));
-    list(keys->topLevelItem(keys->topLevelItemCount() - 1), others);
+    list(addGroup(tr("Elsewhere")), others);
+    const std::pair<QString, QList<std::pair<QString, QString>>> sheets[] = {{tr("In Add Food"), AddFoodSheet::keys()},
+        {tr("In Add from Another Day"), DaySheet::keys()}, {tr("In History"), HistorySheet::keys()}};
+    for (const auto &[title, own] : sheets) {
+        QTreeWidgetItem *sheet = addGroup(title);
+        for (const auto &[key, command] : own)
+            new QTreeWidgetItem(sheet, {command, key});
+    }
     for (int i = keys->topLevelItemCount() - 1; i >= 0; --i)
         if (keys->topLevelItem(i)->childCount() == 0)
             delete keys->takeTopLevelItem(i);
@@ -88,6 +97,14 @@ void ShortcutsSheet::open()
     keys->setCurrentItem(keys->topLevelItem(0)->child(0));
     keys->setFocus();
     QDialog::open();
+}
+
+QTreeWidgetItem *ShortcutsSheet::addGroup(const QString &title)
+{
+    QTreeWidgetItem *added = group(title);
+    keys->addTopLevelItem(added);
+    added->setFirstColumnSpanned(true);
+    return added;
 }
 
 void ShortcutsSheet::list(QTreeWidgetItem *group, const QList<QAction *> &actions)

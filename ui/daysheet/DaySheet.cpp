@@ -135,6 +135,12 @@ void DaySheet::accept()
         emit addEntries(places);
 }
 
+QList<std::pair<QString, QString>> DaySheet::keys()
+{
+    return {{tr("Left, Right"), tr("Previous or next day with entries")}, {tr("Space"), tr("Tick or untick")},
+        {tr("Enter"), tr("Add what is ticked")}, {tr("Esc"), tr("Close")}};
+}
+
 void DaySheet::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter) {

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 class QKeyEvent;
@@ -41,6 +42,9 @@ public:
 
     explicit DaySheet(QWidget *parent = nullptr);
     ~DaySheet() override;
+
+    // What its own keys do, for the list of all shortcuts: each key with its command.
+    [[nodiscard]] static QList<std::pair<QString, QString>> keys();
 
     // Shows a day, every entry ticked that is not in the log.
     void showDay(const Day &day);

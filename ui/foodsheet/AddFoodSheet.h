@@ -11,6 +11,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class QKeyEvent;
@@ -42,6 +43,9 @@ class AddFoodSheet final : public QDialog {
 public:
     explicit AddFoodSheet(QWidget *parent = nullptr);
     ~AddFoodSheet() override;
+
+    // What its own keys do, for the list of all shortcuts: each key with its command.
+    [[nodiscard]] static QList<std::pair<QString, QString>> keys();
 
     // The foods offered and those chosen; owned by the sheet. Its content must be set before the sheet first opens.
     [[nodiscard]] ArrayController *foodlistcontroller() { return &controller; }

@@ -56,6 +56,15 @@ bool movesInList(const QKeyEvent &event, bool fieldempty)
 
 } // namespace
 
+QList<std::pair<QString, QString>> AddFoodSheet::keys()
+{
+    return {{tr("Up, Down, Page Up, Page Down"), tr("Choose in the list while typing")},
+        {tr("Enter"), tr("Add what is chosen, and the list To be added")},
+        {tr("Alt+Enter"), tr("The same, as much as you had last")},
+        {tr("Ctrl+Enter"), tr("Keep on the list To be added")}, {tr("Tab"), tr("Go to the amount")},
+        {tr("Delete"), tr("Take a food off the list To be added")}, {tr("Esc"), tr("Clear the search; then close")}};
+}
+
 void AddFoodSheet::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Cancel) && !ui->searchfield->text().isEmpty()) {
@@ -98,7 +107,8 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport()) {
         // The sheet is seen sooner without, and nobody types as soon as that.
         if (std::exchange(preparesearch, false))
-            QMetaObject::invokeMethod(foods, [this] { foods->prepareSearch(); }, Qt::QueuedConnection);
+            QMetaObject::invokeMethod(
+                foods, [this] { foods->prepareSearch(); }, Qt::QueuedConnection);
         if (std::exchange(readswhenpainted, false))
             emit readingSaid();
     }

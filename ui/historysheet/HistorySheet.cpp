@@ -73,10 +73,10 @@ void HistorySheet::makeControls()
     for (const ShownLength &shown : lengths)
         ui->lengthbox->addItem(tr(shown.title));
     ui->lengthbox->setCurrentIndex(thirtydays);
-    FiguresTable::makeColumns(*ui->figures);
-    SourcesTable::makeColumns(*ui->sources);
-    UnknownSourcesTable::makeColumns(*ui->unknownsources);
-    DaysTable::makeColumns(*ui->days);
+    fitted = {{ui->figures, FiguresTable::makeColumns(*ui->figures)},
+        {ui->sources, SourcesTable::makeColumns(*ui->sources)},
+        {ui->unknownsources, UnknownSourcesTable::makeColumns(*ui->unknownsources)},
+        {ui->days, DaysTable::makeColumns(*ui->days)}};
     const std::pair<TableView *, HistoryTable *> tables[] = {{ui->figures, &figurestable}, {ui->sources, &sourcestable},
         {ui->unknownsources, &unknowntable}, {ui->days, &daystable}};
     for (const auto &[view, table] : tables) {
@@ -84,10 +84,12 @@ void HistorySheet::makeControls()
         view->setDelegate(table);
         view->setPlaceholderText(tr("No day of this period is logged."));
         view->installEventFilter(this);
+        view->viewport()->installEventFilter(this);
     }
+    ui->coursepage->installEventFilter(this);
     ui->sources->setPlaceholderText(tr("No food of this period gave any of it."));
     ui->chart->setEmptyText(tr("No day of this period is logged."));
-    figureswidth = ui->figures->horizontalHeader()->length() + ui->figures->verticalScrollBar()->sizeHint().width();
+    const int figureswidth = fitted.front().second.width() + ui->figures->verticalScrollBar()->sizeHint().width();
     ui->splitter->setSizes({std::min(figureswidth + 20, width() * 11 / 20), width() - figureswidth});
     ui->splitter->setStretchFactor(0, 0);
     ui->splitter->setStretchFactor(1, 1);
@@ -415,6 +417,14 @@ void HistorySheet::choose(QDate day)
     emit dayChosen(day);
 }
 
+QList<std::pair<QString, QString>> HistorySheet::keys()
+{
+    return {{tr("Left, Right"), tr("Previous or next day")},
+        {tr("Page Up, Page Down"), tr("Back or on by a week, or by a bar")}, {tr("Home, End"), tr("First or last day")},
+        {tr("Up, Down"), tr("Another nutrient")}, {tr("Alt+Left, Alt+Right"), tr("The period before or after")},
+        {tr("Enter"), tr("Open the day; of a food, the last day with it")}, {tr("Esc"), tr("Close")}};
+}
+
 void HistorySheet::keyPressEvent(QKeyEvent *event)
 {
     if (!isEnter(*event)) {
@@ -429,23 +439,26 @@ void HistorySheet::keyPressEvent(QKeyEvent *event)
         choose(dayToOpen());
 }
 
+// In a low sheet the chart has the room: of both nothing could be read.
+void HistorySheet::fitYear()
+{
+    constexpr int lines = 18; // of text, that both take
+    ui->year->setVisible(ui->coursepage->height() >= lines * fontMetrics().height());
+}
+
 // A table would take Esc for its selection, which here only says whose course is shown.
 bool HistorySheet::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::Resize && watched == ui->figures)
-        fitColumns();
+    if (event->type() == QEvent::Resize) {
+        for (const auto &[table, columns] : fitted)
+            if (watched == table->viewport())
+                columns.fit(*table);
+        if (watched == ui->coursepage)
+            fitYear();
+    }
     if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         reject();
         return true;
     }
     return QDialog::eventFilter(watched, event);
-}
-
-// In a narrow table the lowest and the highest day, which the summary says too, make room. The known share stays: it is
-// the reason of the sign before a mean.
-void HistorySheet::fitColumns()
-{
-    constexpr int spare[] = {2, 3};
-    for (const int column : spare)
-        ui->figures->setColumnHidden(column, ui->figures->width() < figureswidth);
 }

@@ -12,6 +12,8 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace Ui {
 class HistorySheet;
@@ -41,6 +43,9 @@ public:
     explicit HistorySheet(QWidget *parent = nullptr);
     ~HistorySheet() override;
 
+    // What its own keys do, for the list of all shortcuts: each key with its command.
+    [[nodiscard]] static QList<std::pair<QString, QString>> keys();
+
     // Opens on the 30 days up to yesterday, of energy; again with the length, the nutrient and the view that it was
     // closed with, up to the present end. The view has the keyboard.
     void openWith(Sources &&sources);
@@ -58,7 +63,7 @@ private:
     void makeControls();
     void connectControls();
     void fillOrders();
-    void fitColumns();
+    void fitYear();
     void orderByColumn(int column);
     [[nodiscard]] std::optional<History::Length> chosenLength() const;
     [[nodiscard]] QDate lastDay() const; // yesterday or today
@@ -90,7 +95,7 @@ private:
     QDate cursor;
     bool showssources = false; // those of the present nutrient and days
     bool isreloading = false;
-    int figureswidth = 0; // of the table with all its columns
+    std::vector<std::pair<TableView *, FittedColumns>> fitted; // of all tables
     FiguresTable figurestable;
     SourcesTable sourcestable;
     UnknownSourcesTable unknowntable;

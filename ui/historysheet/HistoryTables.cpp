@@ -36,31 +36,52 @@ QString tr(const char *text)
     return QCoreApplication::translate("HistoryTables", text);
 }
 
-// A column as wide as a text that it usually holds, or its title.
-void addColumn(TableView &table, const QString &identifier, const QString &title, const QString &usual,
-    std::unique_ptr<TableCell> cell = std::make_unique<TableCell>(), bool right = true)
-{
-    if (right)
-        cell->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    table.addTableColumn({identifier, title, std::move(cell)});
-    const QFontMetrics metrics = table.fontMetrics();
-    const int width = std::max(metrics.horizontalAdvance(usual), metrics.horizontalAdvance(title)) + 20;
-    table.setColumnWidth(table.model()->columnCount() - 1, width);
-}
+// Adds a column as wide as a text that it usually holds, or its title.
+class Columns final {
+public:
+    explicit Columns(TableView &view)
+        : table(view)
+    { }
 
-// The last column takes the bars, and what room there is unless a food's name wants it.
-void addBars(TableView &table, const QString &title)
-{
-    addColumn(table, Percent, title, QStringLiteral("10000 %"), std::make_unique<TextFieldCellRDA>());
-}
+    void add(const QString &identifier, const QString &title, const QString &usual,
+        std::unique_ptr<TableCell> cell = std::make_unique<TableCell>(), bool right = true)
+    {
+        if (right)
+            cell->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        table.addTableColumn({identifier, title, std::move(cell)});
+        const QFontMetrics metrics = table.fontMetrics();
+        const int width
+            = std::max(metrics.horizontalAdvance(usual) + cellmargins, metrics.horizontalAdvance(title) + titlemargins);
+        table.setColumnWidth(int(columns.widths.size()), width);
+        columns.widths.push_back(width);
+    }
+    // For most of a food's name, and for what room the other columns leave.
+    void addFood(const QString &title)
+    {
+        add(Name, title, QString(20, u'n'), std::make_unique<TableCell>(), false);
+        table.horizontalHeader()->setStretchLastSection(false);
+        table.horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+    void addBars(const QString &title, const QString &usual)
+    {
+        add(Percent, title, usual, std::make_unique<TextFieldCellRDA>());
+    }
+    // The bars of the last column take what room there is.
+    void stretchBars() { table.horizontalHeader()->setStretchLastSection(true); }
+    [[nodiscard]] FittedColumns withSpare(const std::vector<int> &spare, const std::vector<int> &last = {}) &&
+    {
+        columns.spare = spare;
+        columns.last = last;
+        return std::move(columns);
+    }
 
-void stretch(TableView &table, int column)
-{
-    QHeaderView *header = table.horizontalHeader();
-    header->setStretchLastSection(column < 0);
-    if (column >= 0)
-        header->setSectionResizeMode(column, QHeaderView::Stretch);
-}
+private:
+    static constexpr int cellmargins = 16;
+    static constexpr int titlemargins = 20; // with the mark of the order
+
+    TableView &table;
+    FittedColumns columns;
+};
 
 void prepareBar(TableCell &cell, const std::optional<double> &ratio)
 {
@@ -89,18 +110,23 @@ TableViewDelegate::Tip foodTip(const std::optional<QString> &food, QDate lastday
 
 const std::array<QString, 6> FiguresTable::columns{Name, Mean, Lowest, Highest, Known, Percent};
 
-void FiguresTable::makeColumns(TableView &table)
+FittedColumns FiguresTable::makeColumns(TableView &table)
 {
     const QStringList &names = NutrientCatalogue::names();
-    const QString longest = *std::max_element(
-        names.begin(), names.end(), [](const QString &one, const QString &other) { return one.size() < other.size(); });
-    addColumn(table, Name, tr("Nutrient"), longest, std::make_unique<TableCell>(), false);
-    addColumn(table, Mean, tr("Mean"), QStringLiteral("\u2265 10000.00 kcal"));
-    addColumn(table, Lowest, tr("Lowest"), QStringLiteral("1000.00"));
-    addColumn(table, Highest, tr("Highest"), QStringLiteral("1000.00"));
-    addColumn(table, Known, tr("Known"), QStringLiteral("100 %"));
-    addBars(table, tr("% of RDA"));
-    stretch(table, -1);
+    const QString widest = *std::max_element(
+        names.begin(), names.end(), [metrics = table.fontMetrics()](const QString &one, const QString &other) {
+            return metrics.horizontalAdvance(one) < metrics.horizontalAdvance(other);
+        });
+    Columns columns(table);
+    columns.add(Name, tr("Nutrient"), widest, std::make_unique<TableCell>(), false);
+    columns.add(Mean, tr("Mean"), QStringLiteral("\u2265 10000.00 kcal"));
+    columns.add(Lowest, tr("Lowest"), QStringLiteral("10000.00"));
+    columns.add(Highest, tr("Highest"), QStringLiteral("10000.00"));
+    columns.add(Known, tr("Known"), QStringLiteral("100 %"));
+    columns.addBars(tr("% of RDA"), QStringLiteral("10000 %"));
+    columns.stretchBars();
+    // The summary says these three too. The known share goes last: it is the reason of the sign before a mean.
+    return std::move(columns).withSpare({2, 3}, {4});
 }
 
 void FiguresTable::setFigures(const std::optional<History::Table> &shown, const History::Allowances &rdas, QDate last)
@@ -196,14 +222,15 @@ TableViewDelegate::Tip FiguresTable::toolTipForCell(const TableView * /*table*/,
     };
 }
 
-void SourcesTable::makeColumns(TableView &table)
+FittedColumns SourcesTable::makeColumns(TableView &table)
 {
-    addColumn(table, Name, tr("Food"), QString(), std::make_unique<TableCell>(), false);
-    addColumn(table, Amount, tr("Amount"), QStringLiteral("10000.00 mcg"));
-    addColumn(table, Days, tr("Days"), QStringLiteral("100"));
-    addColumn(table, Running, tr("Running share"), QStringLiteral("100 %"));
-    addBars(table, tr("Share"));
-    stretch(table, 0);
+    Columns columns(table);
+    columns.addFood(tr("Food"));
+    columns.add(Amount, tr("Amount"), QStringLiteral("10000.00 mcg"));
+    columns.add(Days, tr("Days"), QStringLiteral("100"));
+    columns.add(Running, tr("Summed"), QStringLiteral("100 %"));
+    columns.addBars(tr("Share"), QStringLiteral("100 %"));
+    return std::move(columns).withSpare({2, 3}, {1});
 }
 
 void SourcesTable::setSources(std::vector<History::Source> shown, const QString &nutrientunit, QDate last)
@@ -241,12 +268,13 @@ TableViewDelegate::Tip SourcesTable::toolTipForCell(const TableView * /*table*/,
     return foodTip(sources[static_cast<std::size_t>(row)].food, lastDayOfRow(row), beside);
 }
 
-void UnknownSourcesTable::makeColumns(TableView &table)
+FittedColumns UnknownSourcesTable::makeColumns(TableView &table)
 {
-    addColumn(table, Name, tr("Food without a figure"), QString(), std::make_unique<TableCell>(), false);
-    addColumn(table, Energy, tr("Energy"), QStringLiteral("100000 kcal"));
-    addColumn(table, Days, tr("Days"), QStringLiteral("100"));
-    stretch(table, 0);
+    Columns columns(table);
+    columns.addFood(tr("Food without a figure"));
+    columns.add(Energy, tr("Energy"), QStringLiteral("100000 kcal"));
+    columns.add(Days, tr("Days"), QStringLiteral("100"));
+    return std::move(columns).withSpare({2});
 }
 
 void UnknownSourcesTable::setSources(std::vector<History::UnknownSource> shown, QDate last)
@@ -276,14 +304,16 @@ TableViewDelegate::Tip UnknownSourcesTable::toolTipForCell(
     return foodTip(sources[static_cast<std::size_t>(row)].food, lastDayOfRow(row), beside);
 }
 
-void DaysTable::makeColumns(TableView &table)
+FittedColumns DaysTable::makeColumns(TableView &table)
 {
-    addColumn(table, Date, tr("Day"), QStringLiteral("Wed 30 Nov 2026"), std::make_unique<TableCell>(), false);
-    addColumn(table, Entries, tr("Entries"), QStringLiteral("100"));
-    addColumn(table, Energy, tr("Energy"), QStringLiteral("10000 kcal"));
-    addColumn(table, Amount, tr("Amount"), QStringLiteral("10000.00 mcg"));
-    addBars(table, tr("% of RDA"));
-    stretch(table, -1);
+    Columns columns(table);
+    columns.add(Date, tr("Day"), QStringLiteral("Wed 30 Nov 2026"), std::make_unique<TableCell>(), false);
+    columns.add(Entries, tr("Entries"), QStringLiteral("100"));
+    columns.add(Energy, tr("Energy"), QStringLiteral("10000 kcal"));
+    columns.add(Amount, tr("Amount"), QStringLiteral("10000.00 mcg"));
+    columns.addBars(tr("% of RDA"), QStringLiteral("10000 %"));
+    columns.stretchBars();
+    return std::move(columns).withSpare({1, 2}, {4});
 }
 
 void DaysTable::setDays(const History::Days &shown)

@@ -5,6 +5,7 @@
 
 #include "history/Figures.h"
 #include "history/Sources.h"
+#include "ui/historysheet/FittedColumns.h"
 #include "ui/table/TableViewDataSource.h"
 #include "ui/table/TableViewDelegate.h"
 
@@ -40,7 +41,7 @@ public:
     };
 
     static const std::array<QString, 6> columns; // their identifiers
-    static void makeColumns(TableView &table);
+    static FittedColumns makeColumns(TableView &table);
     void setFigures(const std::optional<History::Table> &shown, const History::Allowances &rdas, QDate last);
     void setOrder(const Order &wanted);
     [[nodiscard]] int nutrientOfRow(int row) const { return nutrients[static_cast<std::size_t>(row)]; }
@@ -66,7 +67,7 @@ private:
 // The foods that gave most of a nutrient.
 class SourcesTable final : public HistoryTable {
 public:
-    static void makeColumns(TableView &table);
+    static FittedColumns makeColumns(TableView &table);
     void setSources(std::vector<History::Source> shown, const QString &nutrientunit, QDate last);
     [[nodiscard]] QDate lastDayOfRow(int row) const { return sources[static_cast<std::size_t>(row)].lastday; }
 
@@ -84,7 +85,7 @@ private:
 // The foods whose file says nothing of it.
 class UnknownSourcesTable final : public HistoryTable {
 public:
-    static void makeColumns(TableView &table);
+    static FittedColumns makeColumns(TableView &table);
     void setSources(std::vector<History::UnknownSource> shown, QDate last);
     [[nodiscard]] QDate lastDayOfRow(int row) const { return sources[static_cast<std::size_t>(row)].lastday; }
 
@@ -100,7 +101,7 @@ private:
 // The logged days, the latest first.
 class DaysTable final : public HistoryTable {
 public:
-    static void makeColumns(TableView &table);
+    static FittedColumns makeColumns(TableView &table);
     void setDays(const History::Days &shown);
     void setNutrient(int shown, float rda);
     [[nodiscard]] QDate dayOfRow(int row) const { return dayAt(row).date; }

@@ -144,11 +144,13 @@ void YearView::paintEvent(QPaintEvent * /*event*/)
 void YearView::paintMonths(QPainter &painter) const
 {
     painter.setPen(palette().color(QPalette::Text));
+    double free = 0.0; // from here on nothing is written yet
     for (int month = 1; month <= 12; ++month) {
         const double left = cellArea({year.year, month, 1}).left();
         const QString name = QLocale().standaloneMonthName(month, QLocale::ShortFormat);
-        if (fontMetrics().horizontalAdvance(name) > 4.3 * cellSize())
+        if (left < free)
             continue;
+        free = left + fontMetrics().horizontalAdvance(name) + margin / 2;
         painter.drawText(QPointF(left, margin / 2 + fontMetrics().ascent()), name);
     }
 }
