@@ -25,7 +25,9 @@ AboutSheet::AboutSheet(QWidget *window, const QString &storepath)
         label->setTextFormat(Qt::PlainText);
         label->setWordWrap(true);
         label->setFixedWidth(width);
-        rows->addRow(title, label);
+        auto *name = new QLabel(title, this);
+        name->setAlignment(Qt::AlignLeft | Qt::AlignTop); // beside the first line
+        rows->addRow(name, label);
     };
     addRow(tr("Version"), tr("Provender %1, a daily food log").arg(QCoreApplication::applicationVersion()));
     addRow(tr("Licence"), tr("MIT licence"));
