@@ -190,8 +190,8 @@ protected:
     using NutrientSums = std::array<float, NutrientCatalogue::nutrientCount>;
 
     // app/Settings.cpp
-    // Takes in what an earlier save left beside the store, registers the defaults, reads the RDAs and opens the
-    // remembered date or today, which loads both tables. Once, with the tables connected.
+    // Registers the defaults, reads the RDAs and opens the remembered date or today, which loads both tables. Once,
+    // after prepareStore() and with the tables connected.
     void initPrefs();
 
     // daylog/DayStore.cpp

@@ -8,7 +8,7 @@ ought to fail, separated by tabs; the two texts write a line's end as \\n. A fif
 can notice is none. Words choose the faults whose line holds one of them.
 
 The sources are copied to build/mutants, so that the tree stays as it is. Each fault is printed with the line it was put
-on and the test function that noticed it; all of them take a quarter of an hour or more. Fails when a fault goes
+on and the test function that noticed it; all of them take two hours. Fails when a fault goes
 unnoticed, does not compile, has no place, or is noticed against what its line says. Wants git and what ./test.sh wants.
 """
 import pathlib

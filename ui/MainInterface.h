@@ -47,10 +47,10 @@ public:
     void show();
     // Brings the window to the front for a second start of the program.
     void raise();
-    // Ends an open amount editor, whose text goes to its row, and drops a date that was typed and not entered. What
-    // comes before every command but one, and before the end.
+    // Ends an open amount editor, whose text goes to its row, drops a date that was typed and not entered, and sets an
+    // allowance that was typed. What comes before the end and before every command but those three that take the date.
     void endEditing();
-    // Writes the window's place and the splitter's.
+    // Writes the window's place, the splitter's, and the widths and sizes that the person changed.
     void saveWindowState(UserDefaults &store) const;
 
     [[nodiscard]] QMainWindow *mainWindow() const { return window.get(); }

@@ -43,7 +43,7 @@ void MainInterface::connectDay()
 
 void MainInterface::showDay()
 {
-    const QLocale english = QLocale::c(); // as all texts are
+    const QLocale english = QLocale::c(); // as the window's other texts are
     const QDate day = LocalDay::dateOf(main->datepicker->dateValue());
     const QDate today = LocalDay::dateOf(controller.now());
     const qint64 ahead = today.daysTo(day);
