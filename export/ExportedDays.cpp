@@ -90,7 +90,7 @@ bool ExportedDays::writeEntries(Format format, std::FILE *file) const
             }
             ++day;
         });
-    return iswritten;
+    return iswritten && day == all.end();
 }
 
 bool ExportedDays::writeDays(Format format, std::FILE *file) const

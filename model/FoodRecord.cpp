@@ -26,6 +26,11 @@ constexpr int enoughstrange = 1000;
 constexpr std::size_t mostformsofasize = 64;
 constexpr qsizetype longestrecord = 1024;
 
+quint32 amountAt(const QByteArray &data, qsizetype amountplace)
+{
+    return qFromBigEndian<quint32>(data.constData() + amountplace);
+}
+
 bool isSameButForAmount(const QByteArray &one, const QByteArray &other, qsizetype amountplace)
 {
     const qsizetype after = amountplace + qsizetype(sizeof(float));
@@ -76,7 +81,7 @@ std::optional<Food> FoodRecord::Reader::unarchiveObjectWithData(const QByteArray
             if (!isSameButForAmount(form.data, data, form.amountplace))
                 continue;
             Food food = form.food;
-            food.setCuramount(std::bit_cast<float>(qFromBigEndian<quint32>(data.constData() + form.amountplace)));
+            food.setCuramount(std::bit_cast<float>(amountAt(data, form.amountplace)));
             return food;
         }
     }
@@ -87,7 +92,7 @@ std::optional<Food> FoodRecord::Reader::unarchiveObjectWithData(const QByteArray
 }
 
 // Written again with all bits of the amount turned, a record of this program differs in these four bytes and in no
-// other. Whoever else wrote this one may have put anything into them.
+// other, and they are the amount. One of another program's making may have an integer or a text there.
 bool FoodRecord::Reader::learn(const Food &food, const QByteArray &data)
 {
     std::vector<Form> &alike = forms[data.size()];
@@ -99,7 +104,8 @@ bool FoodRecord::Reader::learn(const Food &food, const QByteArray &data)
     if (other.size() != data.size())
         return false;
     const auto difference = std::mismatch(data.begin(), data.end(), other.begin()).first - data.begin();
-    if (difference + qsizetype(sizeof(float)) > data.size() || !isSameButForAmount(data, other, difference))
+    if (difference + qsizetype(sizeof(float)) > data.size() || !isSameButForAmount(data, other, difference)
+        || amountAt(data, difference) != std::bit_cast<quint32>(food.curamount()))
         return false;
     alike.push_back({QByteArray(data.constData(), data.size()), difference, food});
     return true;

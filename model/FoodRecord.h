@@ -21,8 +21,8 @@ namespace FoodRecord {
 [[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);
 
 // The same for whoever reads thousands of records, of which most name a food and a unit that came before. A record that
-// this program wrote is told apart from another of the same food and unit by the four bytes of its amount alone, so
-// only the first of them is taken apart.
+// this program wrote is told apart from another of the same food and unit by the four bytes of its amount alone: after
+// a year of records, and up to 64 foods and units for each size of a record, only the first of them is taken apart.
 class Reader final {
 public:
     [[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);

@@ -5,6 +5,7 @@
 #include "model/DaySums.h"
 #include "model/FoodRecord.h"
 #include "model/StoredDay.h"
+#include "platform/KeyedArchiver.h"
 #include "platform/LocalDay.h"
 #include "platform/PropertyList.h"
 #include "tests/support/Run.h"
@@ -70,6 +71,17 @@ private:
         return items;
     }
 
+    // Of another program's making: the last byte of 65663 is that of the float.
+    static QByteArray ofAWholeNumber()
+    {
+        KeyedArchiver archiver(QStringLiteral("Food"));
+        archiver.encodeString(QStringLiteral("A"), QLatin1String("name"));
+        archiver.encodeInt(65663, QLatin1String("amount"));
+        archiver.encodeString(QStringLiteral("ab"), QLatin1String("unit"));
+        archiver.encodeInt(0, QLatin1String("unitidx"));
+        return archiver.archivedData();
+    }
+
 private slots:
     void theSumsOfAStoredDayAreThoseOfOpeningItBitForBit()
     {
@@ -117,6 +129,8 @@ private slots:
             QByteArray record = FoodRecord::archivedDataWithRootObject(food);
             if (random.bounded(10) == 0) // damaged somewhere, the class and the offsets included
                 record[random.bounded(int(record.size()))] = char(random.bounded(256));
+            else if (random.bounded(10) == 0)
+                record = ofAWholeNumber();
             else if (random.bounded(10) == 0)
                 record = QByteArray(foreign).replace("\x42\xc8", QByteArray::number(10 + random.bounded(90)));
             const std::optional<Food> alone = FoodRecord::unarchiveObjectWithData(record);

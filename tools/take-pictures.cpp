@@ -3,8 +3,8 @@
 
 // take-pictures <folder> day|dark|large: pictures of the program's windows with a day in them, for the documents. The
 // windows are the program's own; only the palette, the clock and the store are this program's, since the program itself
-// has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives. With a size and a name: pictures
-// of every window, those that can be as large at that size.
+// has no option for them. "large" is the same day at a scale that QT_SCALE_FACTOR gives. With a size and a name:
+// pictures of every window, those that can be as large at that size.
 
 #include "app/AppDelegate.h"
 #include "catalog/NutrientCatalogue.h"
@@ -302,7 +302,7 @@ int main(int argc, char **argv)
     OutlineStyle::use();
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() != 3 && arguments.size() != 5) {
-        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name that the pictures begin with>]\n", stderr);
+        std::fputs("usage: take-pictures <folder> day|dark|large [<width>x<height> <name>]\n", stderr);
         return 2;
     }
     const QString &kind = arguments[2];

@@ -27,6 +27,7 @@ AboutSheet::AboutSheet(QWidget *window, const QString &storepath)
         label->setFixedWidth(width);
         auto *name = new QLabel(title, this);
         name->setAlignment(Qt::AlignLeft | Qt::AlignTop); // beside the first line
+        name->setBuddy(label); // for a screen reader
         rows->addRow(name, label);
     };
     addRow(tr("Version"), tr("Provender %1, a daily food log").arg(QCoreApplication::applicationVersion()));

@@ -51,11 +51,12 @@ void OutlineStyle::drawPrimitive(
     PrimitiveElement element, const QStyleOption *option, QPainter *painter, const QWidget *widget) const
 {
     QProxyStyle::drawPrimitive(element, option, painter, widget);
-    const bool isbox = element == PE_IndicatorCheckBox || element == PE_IndicatorItemViewItemCheck;
-    if (isbox && isDark(option->palette))
+    const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
+    if (element == PE_IndicatorCheckBox && isDark(option->palette))
         outline(*painter, option->rect,
             halfWay(option->palette.color(QPalette::Base), option->palette.color(QPalette::WindowText)), 1.0);
-    else if (element == PE_PanelButtonCommand || element == PE_PanelButtonTool || element == PE_PanelLineEdit)
+    else if (element == PE_PanelButtonCommand || element == PE_PanelButtonTool
+        || (element == PE_PanelLineEdit && frame != nullptr && frame->lineWidth > 0)) // the date's text has its field's
         outlineFocus(*option, *painter);
     else if (element == PE_FrameFocusRect && qobject_cast<const QCheckBox *>(widget) != nullptr
         && option->state.testFlag(State_KeyboardFocusChange))

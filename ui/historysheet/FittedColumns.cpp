@@ -31,4 +31,8 @@ void FittedColumns::fit(TableView &table) const
     hide(last, least);
     if (table.horizontalHeader()->sectionResizeMode(0) != QHeaderView::Stretch)
         table.setColumnWidth(0, std::clamp(room - others, least, widths[0]));
+    // From a column that is not there no key leads anywhere.
+    const QModelIndex current = table.currentIndex();
+    if (current.isValid() && table.isColumnHidden(current.column()))
+        table.selectionModel()->setCurrentIndex(current.siblingAtColumn(0), QItemSelectionModel::NoUpdate);
 }

@@ -421,7 +421,9 @@ QList<std::pair<QString, QString>> HistorySheet::keys()
 {
     return {{tr("Left, Right"), tr("Previous or next day")},
         {tr("Page Up, Page Down"), tr("Back or on by a week, or by a bar")}, {tr("Home, End"), tr("First or last day")},
-        {tr("Up, Down"), tr("Another nutrient")}, {tr("Alt+Left, Alt+Right"), tr("The period before or after")},
+        {tr("Up, Down"), tr("Another nutrient")},
+        {tr("Arrows, Page keys in the year"), tr("By a week, a day, a month")},
+        {tr("Alt+Left, Alt+Right"), tr("The period before or after")},
         {tr("Enter"), tr("Open the day; of a food, the last day with it")}, {tr("Esc"), tr("Close")}};
 }
 
