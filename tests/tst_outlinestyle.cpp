@@ -70,7 +70,7 @@ private slots:
     {
         QFETCH(std::shared_ptr<QWidget>, control);
         QWidget window;
-        auto *other = new QCheckBox(&window);
+        QCheckBox other(&window);
         control->setParent(&window);
         control->setFocusPolicy(Qt::StrongFocus);
         control->setGeometry(10, 10, 80, 30);
@@ -79,7 +79,7 @@ private slots:
         QVERIFY(QTest::qWaitForWindowActive(&window));
         const QRect edge(8, 10, 5, 30);
         const QColor around = window.palette().color(QPalette::Window);
-        other->setFocus();
+        other.setFocus();
         const double without = most(window.grab().toImage(), edge, around);
         control->setFocus();
         const double with = most(window.grab().toImage(), edge, around);

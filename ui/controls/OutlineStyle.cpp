@@ -43,8 +43,11 @@ void outlineFocus(const QStyleOption &option, QPainter &painter)
 
 void OutlineStyle::use()
 {
-    if (QApplication::style()->name() == QStringLiteral("fusion"))
-        QApplication::setStyle(new OutlineStyle);
+    if (QApplication::style()->name() != QStringLiteral("fusion"))
+        return;
+    auto *style = new OutlineStyle;
+    style->setParent(qApp); // as setStyle() does, which the analyser does not know
+    QApplication::setStyle(style);
 }
 
 void OutlineStyle::drawPrimitive(
