@@ -31,6 +31,7 @@ void AddFoodSheet::makeControls()
     ui->tobeaddedpages->setFixedWidth(sidewidth);
 
     foods = new FoodListModel(controller.content(), this);
+    connect(this, &AddFoodSheet::firstPainted, foods, &FoodListModel::prepareSearch, Qt::QueuedConnection);
     ui->foodlist->setModel(foods);
     ui->foodlist->setItemDelegate(new FoodDelegate(this));
     ui->tobeaddedlist->setItemDelegate(new FoodDelegate(this));

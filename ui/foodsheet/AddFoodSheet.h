@@ -74,6 +74,8 @@ signals:
     void addSelectedFoods();
     // It is being painted that the food files are read, which comes next.
     void readingSaid();
+    // While the list is being painted for the first time: to be heard afterwards.
+    void firstPainted();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -107,8 +107,7 @@ bool AddFoodSheet::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Paint && watched == ui->foodlist->viewport()) {
         // The sheet is seen sooner without, and nobody types as soon as that.
         if (std::exchange(preparesearch, false))
-            QMetaObject::invokeMethod(
-                foods, [this] { foods->prepareSearch(); }, Qt::QueuedConnection);
+            emit firstPainted();
         if (std::exchange(readswhenpainted, false))
             emit readingSaid();
     }
