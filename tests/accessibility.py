@@ -153,7 +153,31 @@ class Program:
 
 
 def press(*keys):
-    subprocess.run(["xdotool", "key", "--delay", "2", *keys], check=True)
+    """Each key by itself, a modifier held before the key it modifies, as fingers do."""
+    for key in keys:
+        *modifiers, last = key.split("+")
+        steps = [("keydown", modifier) for modifier in modifiers] + [("key", last)]
+        for step in steps + [("keyup", modifier) for modifier in reversed(modifiers)]:
+            subprocess.run(["xdotool", *step], check=True)
+            settle()
+
+
+def settle():
+    """
+    Until the key pressed last has done its work. On the way to a window, Qt holds each key until the accessibility
+    registry has been told of it, but runs a shortcut at once: on a busy machine the Alt of Alt+Right would come after
+    its Right, and then be an Alt alone, which goes to the menu bar and closes a menu.
+    """
+    for _ in range(2):  # the key to the program and on to the registry; the registry's answer
+        time.sleep(0.01)
+        try:
+            desktop = pyatspi.Registry.getDesktop(0)
+            desktop.set_cache_mask(Atspi.Cache.NONE)
+            for application in children(desktop):
+                application.set_cache_mask(Atspi.Cache.NONE)
+                application.childCount  # pylint: disable=pointless-statement # answered from the program's event loop
+        except GLib.Error:  # that key has ended the program
+            return
 
 
 def write(text):
