@@ -75,7 +75,7 @@ constexpr Row table[] = {
         "mcdonalds caesar salad"},
     {"italian dressing", "dressing italian"},
     // drinks
-    {"white coffee sugar|black coffee sugar|coffee milk sugar|coffee cream sugar|white coffee|milky coffee|coffee with "
+    {"white coffee sugar|black coffee sugar|coffee milk sugar|coffee cream sugar|milky coffee|coffee with "
      "cream|coffee with sugar|coffee with milk sugar|coffee oat milk|coffee almond milk|coffee splash milk",
         "coffee brewed"},
     {"vanilla latte|caramel latte|oat latte|oat milk latte|soy latte|pumpkin spice latte|psl|caramel macchiato|iced "

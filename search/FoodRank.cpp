@@ -162,8 +162,8 @@ std::optional<FoodRank> FoodRank::of(
 
     FoodRank rank;
     rank.own = own;
-    rank.forFew = name.forFew && own == notOwn;
-    rank.ofBrand = name.ofBrand && own == notOwn;
+    rank.forFewOfAll = name.forFew;
+    rank.ofBrandOfAll = name.ofBrand;
     Coverage coverage;
     UnaskedWeight unasked(name.flesh);
     for (std::size_t i = 0; i < name.count; ++i) {
@@ -174,13 +174,15 @@ std::optional<FoodRank> FoodRank::of(
         else if (matches[i] == Match::Prefix)
             unasked.addPrefix(words[i], meaning);
         const bool whole = matches[i] == Match::Whole;
-        rank.ofBrand = rank.ofBrand && !(whole && (meaning.brand || meaning.standIn));
-        rank.forFew = rank.forFew && !(whole && meaning.forFew);
+        rank.ofBrandOfAll = rank.ofBrandOfAll && !(whole && (meaning.brand || meaning.standIn));
+        rank.forFewOfAll = rank.forFewOfAll && !(whole && meaning.forFew);
         if (meaning.counts())
             coverage.add(words[i], matches[i]);
         else if (words[i].place == Place::Head && matches[i] == Match::None && meaning.text == "and")
             coverage.joint = true;
     }
+    rank.forFew = rank.forFewOfAll && own == notOwn;
+    rank.ofBrand = rank.ofBrandOfAll && own == notOwn;
     rank.tier = tierOf(coverage, name);
     rank.prefixes = terms->prefixes;
     rank.missing = terms->missing;

@@ -56,12 +56,9 @@ std::optional<FoodRank> FoodSearch::bestForAnyone(const Answer &answer) const
 {
     std::optional<FoodRank> best;
     for (FoodRank rank : answer.ranks) {
-        if (rank.own != FoodRank::notOwn) {
-            const FoodIndex::Name &name = index->names()[static_cast<std::size_t>(rank.name)];
-            rank.own = FoodRank::notOwn;
-            rank.ofBrand = name.ofBrand;
-            rank.forFew = name.forFew;
-        }
+        rank.own = FoodRank::notOwn;
+        rank.ofBrand = rank.ofBrandOfAll;
+        rank.forFew = rank.forFewOfAll;
         if (!best || rank < *best)
             best = rank;
     }

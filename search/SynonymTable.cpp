@@ -314,8 +314,8 @@ constexpr Row table[] = {
     {"light milk|1 percent milk|low fat milk", "milk lowfat 1"},
     {"ice lolly|icy pole|ice block|freezie|popsicle|lolly|freeze pop", "frozen novelties ice type"},
     {"choc ice|ice cream bar|magnum|ice cream stick", "ice cream bar|chocolate"},
-    {"jelly crystal|jello|jell o", "gelatin desserts"},
-    {"king prawn|tiger prawn|scampi|prawn", "shrimp"},
+    {"jelly crystal|jell o", "gelatin desserts"},
+    {"king prawn|tiger prawn|scampi", "shrimp"},
     {"kipper|kippers", "herring kippered"},
     {"mange tout", "peas edible podded"},
     {"marmite|vegemite|promite|yeast spread", "yeast extract spread"},
@@ -362,7 +362,7 @@ constexpr Row table[] = {
     {"yoghurt natural|natural yoghurt|natural yogurt", "yogurt plain"},
     // what the coffee bar and the pub serve
     {"latte|caffe latte|cafe latte|flat white|americano|long black|filter coffee|drip coffee|cold brew|iced "
-     "coffee|white coffee|cafe au lait|coffee milk|coffee cream|black coffee|cortado|piccolo|nitro coffee|ice "
+     "coffee|white coffee|cafe au lait|coffee milk|coffee cream|cortado|piccolo|nitro coffee|ice "
      "coffee|iced latte|iced americano|coffee sugar|frappe|frappuccino|frapp|starbucks|coffee with "
      "milk|cappuccino|mocha|caffe mocha|cafe mocha|mochaccino|cap|coffee creamer",
         "coffee brewed"},
@@ -374,7 +374,7 @@ constexpr Row table[] = {
     {"instant coffee|nescafe", "coffee instant regular prepared"},
     {"coffee whitener|creamer|coffee creamer|coffee mate|coffeemate|half half", "cream half and half"},
     {"coffee whitener|creamer|coffee creamer|coffee mate|coffeemate", "cream substitute"},
-    {"chai|chai latte|chai tea|matcha|matcha latte|green tea|oolong|oolong tea|matcha tea|white tea|sencha",
+    {"chai|chai latte|chai tea|matcha|matcha latte|oolong|oolong tea|matcha tea|white tea|sencha",
         "tea brewed"},
     {"peppermint tea|mint tea|rooibos|rooibos tea|camomile tea|herb tea|fruit tea|ginger tea|lemon tea|hibiscus "
      "tea|infusion|tisane",
@@ -384,7 +384,7 @@ constexpr Row table[] = {
     {"iced tea|ice tea|sweet tea", "tea ready drink"},
     {"hot cocoa|hot choc|drinking chocolate|hot chocolate|cocoa", "cocoa mix powder"},
     {"cocoa powder", "cocoa dry powder"},
-    {"milkshake|milk shake|shake", "milk shakes"},
+    {"milk shake|shake", "milk shakes"},
     {"smoothie|fruit smoothie", "juice strawberry banana"},
     {"ale|bitter|ipa|lager|pilsner|pils|stout|guinness|budweiser|bud|heineken|corona|porter|pale ale|draught "
      "beer|craft beer|stella|fosters",
@@ -772,7 +772,7 @@ constexpr Row table[] = {
     {"fillet|filet", "fillet|filet"},
     {"wholegrain|whole grain", "whole grain|wheat"},
     {"stewed", "cooked|stewed"},
-    {"canned|tinned|tin", "canned"},
+    {"canned|tin", "canned"},
 };
 
 } // namespace
