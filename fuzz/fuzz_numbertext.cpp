@@ -3,6 +3,7 @@
 
 #include "fuzz/Fuzzing.h"
 #include "platform/NumberText.h"
+#include "platform/TypedNumber.h"
 
 #include <cstring>
 #include <limits>
@@ -57,6 +58,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
         Fuzzing::same(value, number.empty() ? 0.0F : std::strtof(number.c_str(), nullptr)), "reads what strtof reads");
     const QString wide = QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
     Fuzzing::require(Fuzzing::same(value, NumberText::floatValue(QStringView(wide))), "reads the same as UTF-16");
+
+    const QString typed = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    const QString made = TypedNumber::withPeriod(typed);
+    Fuzzing::require(made == typed || leadingNumber(made.toStdString()) == made.trimmed().toStdString(),
+        "what is written with a period is a number");
+    Fuzzing::require(TypedNumber::withPeriod(made) == made, "a number with a period stays");
 
     double printed = double(value);
     if (size >= sizeof(printed) + 1) // any double, too

@@ -19,8 +19,6 @@ constexpr QLatin1String amountkey("amount");
 constexpr QLatin1String unitkey("unit");
 constexpr QLatin1String unitidxkey("unitidx");
 
-// To learn a form takes as long as taking twenty records apart: a year of them is read sooner without.
-constexpr int usualyear = 8000;
 constexpr int enoughstrange = 1000;
 // What is looked through for one record, at the most, and what is kept of it.
 constexpr std::size_t mostformsofasize = 64;
@@ -86,7 +84,7 @@ std::optional<Food> FoodRecord::Reader::unarchiveObjectWithData(const QByteArray
         }
     }
     std::optional<Food> food = FoodRecord::unarchiveObjectWithData(data);
-    if (food && ++takenapart > usualyear && strange < enoughstrange && !learn(*food, data))
+    if (food && ++takenapart > usual && strange < enoughstrange && !learn(*food, data))
         ++strange;
     return food;
 }

@@ -25,6 +25,14 @@ namespace FoodRecord {
 // a year of records, and up to 64 foods and units for each size of a record, only the first of them is taken apart.
 class Reader final {
 public:
+    // To learn a form takes as long as taking twenty records apart: a year of them is read sooner without.
+    static constexpr int usualYear = 8000;
+
+    // Learns forms once so many records were taken apart.
+    explicit Reader(int learnsafter = usualYear)
+        : usual(learnsafter)
+    { }
+
     [[nodiscard]] std::optional<Food> unarchiveObjectWithData(const QByteArray &data);
 
 private:
@@ -39,6 +47,7 @@ private:
     bool learn(const Food &food, const QByteArray &data);
 
     QHash<qsizetype, std::vector<Form>> forms; // by the size of the record
+    int usual;
     int takenapart = 0;
     int strange = 0;
 };
