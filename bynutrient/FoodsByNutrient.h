@@ -48,11 +48,12 @@ public:
     [[nodiscard]] bool isPrepared() const { return figures != nullptr; }
     void prepare();
 
-    // All foods of which a figure is known. Of the first 60 of the catalogue at most three are the same food; the
-    // further ones come after them. In 100 kcal a food without energy counts as unknown.
+    // All foods of which a figure is known. Of the first 60 of the catalogue at most three are the same food, and none
+    // is a dish that is there already; of what stands on a shelf (see Standing.h) at most two are of a kind and ten of
+    // a shelf. The further ones come after them. In 100 kcal a food without energy counts as unknown.
     [[nodiscard]] List list(int nutrient, Basis basis, const std::vector<Eaten> &eaten = {});
 
-    // Those of the list that were found, in the order of the list but without the limit to three: who looks for fish
+    // Those of the list that were found, in the order of the list but without those limits: who looks for fish
     // wants the fish.
     [[nodiscard]] List listOf(
         const std::vector<int> &found, int nutrient, Basis basis, const std::vector<Eaten> &eaten = {});

@@ -146,7 +146,7 @@ private:
     int nutrientwidth = 0; // that the nutrients' names need
     bool arranging = false;
     std::unique_ptr<QMainWindow> window;
-    PreferencesSheet *preferences; // a child of the window, as the other sheet is
+    PreferencesSheet *preferences; // a child of the window
     AddFoodSheet *addview;
     std::unique_ptr<OtherDay> otherday; // until it is first opened, nothing
     HistorySheet *history = nullptr; // until it is first opened
