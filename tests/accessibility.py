@@ -458,7 +458,7 @@ def says(node, *parts):
 def look_back(program, entries):
     """Mean, course, sources and days of vitamin C, of which today alone is known."""
     program.open(HISTORY, "ctrl+h")
-    program.named(HISTORY, "No day of this period is logged.", pyatspi.ROLE_LABEL)
+    program.named(HISTORY, "No day of this period is logged. Today is left out.", pyatspi.ROLE_LABEL)
     go_to(program, HISTORY, "With today")
     press("space")
     until("1 logged day", lambda: any(node.name.replace("\u00a0", " ").endswith(": 1 of 30 days logged")

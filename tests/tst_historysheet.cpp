@@ -360,6 +360,16 @@ private slots:
         QVERIFY(text("periodlabel").startsWith(QStringLiteral("22 Oct to 20 Nov 2026")));
     }
 
+    void onAFirstDayItSaysThatTodayIsLeftOut()
+    {
+        home->now = QDateTime({2030, 1, 1}, {12, 0}, Qt::UTC);
+        open();
+        QCOMPARE(text("summarylabel"), QStringLiteral("No day of this period is logged. Today is left out."));
+        QCOMPARE(figures()->accessibleDescription(), text("summarylabel"));
+        press(find<QCheckBox>("withtoday"), Qt::Key_Space);
+        QCOMPARE(text("summarylabel"), QStringLiteral("No day of this period is logged."));
+    }
+
     void nutrientAndCursorStayWhileATableIsFilledAnew()
     {
         open();

@@ -82,13 +82,11 @@ void HistorySheet::makeControls()
     for (const auto &[view, table] : tables) {
         view->setDataSource(table);
         view->setDelegate(table);
-        view->setPlaceholderText(tr("No day of this period is logged."));
         view->installEventFilter(this);
         view->viewport()->installEventFilter(this);
     }
     ui->coursepage->installEventFilter(this);
     ui->sources->setPlaceholderText(tr("No food of this period gave any of it."));
-    ui->chart->setEmptyText(tr("No day of this period is logged."));
     const int figureswidth = fitted.front().second.width() + ui->figures->verticalScrollBar()->sizeHint().width();
     ui->splitter->setSizes({std::min(figureswidth + 20, width() * 11 / 20), width() - figureswidth});
     ui->splitter->setStretchFactor(0, 0);
@@ -258,12 +256,23 @@ void HistorySheet::showDays()
     figures = History::figures(days, from.allowances);
     figurestable.setFigures(figures, from.allowances, period.last);
     daystable.setDays(days);
+    for (TableView *table : {ui->figures, ui->unknownsources, ui->days})
+        table->setPlaceholderText(emptyText());
+    ui->chart->setEmptyText(emptyText());
     reload(*ui->figures);
     const std::span<const History::Day> logged = days.ofPeriod();
     if (!period.contains(cursor))
         cursor = logged.empty() ? period.last : logged.back().date;
     showPeriod(incomplete);
     chooseNutrient(nutrient);
+}
+
+// On a first day all that is logged is today, which counts only when asked for.
+QString HistorySheet::emptyText() const
+{
+    const bool uptoyesterday = period.last.addDays(1) == from.today && !ui->withtoday->isChecked();
+    return uptoyesterday ? tr("No day of this period is logged. Today is left out.")
+                         : tr("No day of this period is logged.");
 }
 
 void HistorySheet::showPeriod(const QList<QDate> &incomplete)
@@ -314,8 +323,7 @@ void HistorySheet::showNutrient()
     ui->chart->setAccessibleName(tr("Course of %1").arg(name));
     ui->year->setYear(History::year(days, nutrient, allowance), allowance > 0.0F);
     ui->year->setAccessibleName(tr("%1 in the year %2").arg(name).arg(period.last.year()));
-    QString summary = figures ? HistoryText::summary(nutrient, (*figures)[i], allowance, period.last)
-                              : tr("No day of this period is logged.");
+    QString summary = figures ? HistoryText::summary(nutrient, (*figures)[i], allowance, period.last) : emptyText();
     ui->summarylabel->setText(unbroken(std::move(summary)));
     daystable.setNutrient(nutrient, allowance);
     ui->days->setAccessibleName(tr("Days with %1").arg(name));

@@ -70,6 +70,7 @@ private:
     void startPeriod();
     void stepPeriod(bool later);
     void readPeriod();
+    [[nodiscard]] QString emptyText() const;
     void showPeriod(const QList<QDate> &incomplete);
     void showDays();
     void showNutrient();
