@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "export/ExportedDays.h"
+#include "fuzz/ScratchStore.h"
 #include "fuzz/StoredDays.h"
 #include "history/DayReader.h"
 #include "platform/LocalDay.h"
-#include "platform/SqliteStatement.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -13,30 +13,12 @@
 
 #include <cstdlib>
 
-#include <sqlite3.h>
-
 // The printed log, read as another program reads it. The first byte says how many of the values were left beside the
 // store by a run that could not save, whether that run knew what was there, and what a row is for.
 
 namespace {
 
 using Values = QMap<QString, QByteArray>;
-
-void writeStore(const QString &path, const Values &values)
-{
-    sqlite3 *handle = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &handle);
-    sqlite3_exec(handle,
-        "PRAGMA synchronous=OFF; BEGIN; CREATE TABLE defaults(key TEXT PRIMARY KEY, value BLOB NOT NULL);"
-        "PRAGMA user_version=1",
-        nullptr, nullptr, nullptr);
-    for (auto value = values.begin(); value != values.end(); ++value) {
-        SqliteStatement statement(handle, "REPLACE INTO defaults(key, value) VALUES(?1, ?2)");
-        static_cast<void>(statement.bind(1, value.key()).bind(2, *value).step());
-    }
-    sqlite3_exec(handle, "COMMIT", nullptr, nullptr, nullptr);
-    sqlite3_close(handle);
-}
 
 // How many rows there are, each ended as it should be; all have so many fields.
 int csvRows(const QByteArray &printed, int columns)
@@ -100,14 +82,14 @@ int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
     const unsigned choice = input.number(1);
     Values pending = StoredDays::read(input, choice & 3U);
     const Values values = StoredDays::read(input);
-    writeStore(path, values);
+    Fuzzing::writeStore(path, values);
     for (auto value = pending.begin(); value != pending.end(); ++value) {
         const bool isknown = (choice & 4U) != 0 && values.contains(value.key());
         *value = PendingFile::write(
             {*value, {}, isknown, isknown ? std::optional(values.value(value.key())) : std::nullopt});
     }
     if (!pending.isEmpty())
-        writeStore(pendingpath, pending);
+        Fuzzing::writeStore(pendingpath, pending);
 
     Export::SavedLog log;
     Fuzzing::require(log.read(path).isEmpty(), "the log is read");

@@ -2,12 +2,10 @@
 // SPDX-License-Identifier: MIT
 
 #include "fuzz/Fuzzing.h"
-#include "platform/SqliteStatement.h"
+#include "fuzz/ScratchStore.h"
 #include "tests/support/Run.h"
 
 #include <QApplication>
-
-#include <sqlite3.h>
 
 // A whole store from the fuzz input: the program opens it, edits the day, leaves it for another, ends, and opens it
 // again. Whatever the store held, what the person entered must be there.
@@ -21,20 +19,14 @@ const char *const keys[] = {"2026_11_21", "2026_11_20", "2026_11_22", "RDAs", "L
 // Pairs of a key's number, a length of two bytes and a value of so many bytes.
 void fillStore(const QString &path, const QByteArray &input)
 {
-    sqlite3 *handle = nullptr;
-    sqlite3_open(path.toUtf8().constData(), &handle);
-    sqlite3_exec(handle,
-        "PRAGMA synchronous=OFF; CREATE TABLE defaults(key TEXT PRIMARY KEY, value BLOB NOT NULL);"
-        "PRAGMA user_version=1",
-        nullptr, nullptr, nullptr);
+    QMap<QString, QByteArray> values;
     for (qsizetype at = 0; at + 3 <= input.size();) {
         const char *key = keys[uchar(input[at]) % std::size(keys)];
         const qsizetype length = uchar(input[at + 1]) + 256 * uchar(input[at + 2]);
-        SqliteStatement statement(handle, "REPLACE INTO defaults(key, value) VALUES(?1, ?2)");
-        (void)statement.bind(1, QString::fromLatin1(key)).bind(2, input.mid(at + 3, length)).step();
+        values.insert(QString::fromLatin1(key), input.mid(at + 3, length));
         at += 3 + length;
     }
-    sqlite3_close(handle);
+    Fuzzing::writeStore(path, values);
 }
 
 void writeFile(const QString &path, const QByteArray &bytes)
