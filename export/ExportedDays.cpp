@@ -38,9 +38,10 @@ QString dateText(QDate date)
 
 History::Days daysOf(const SavedLog &log, const History::Period &period)
 {
-    History::DayReader reader([&](const QString &first, const QString &last, const StoreCopy::Row &row) {
+    const auto scan = [&](const QString &first, const QString &last, const StoreCopy::Row &row) {
         return log.scan(first, last, row);
-    });
+    };
+    History::DayReader reader(scan);
     return reader.readOnly(period);
 }
 
