@@ -488,6 +488,15 @@ private slots:
         QCOMPARE(contentOf(place.path), before);
     }
 
+    void anEmptyStoreIsAnEmptyLog()
+    {
+        QTemporaryFile empty;
+        QVERIFY(empty.open());
+        const Ended printed = exported(empty.fileName());
+        QCOMPARE(printed.status, 0);
+        QCOMPARE(printed.out.count('\n'), 1);
+    }
+
     void anOutputThatIsFullOrClosedIsAnError_data()
     {
         QTest::addColumn<QString>("script");
