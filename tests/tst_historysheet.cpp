@@ -309,7 +309,8 @@ private slots:
                                     QStringLiteral("97 %")},
                 {Juice, QStringLiteral("40.00 mg"), QStringLiteral("1"), QStringLiteral("100 %"),
                     QStringLiteral("3 %")}}));
-        QCOMPARE(sources->model()->index(1, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("Juice, last on 11 Nov"));
+        QCOMPARE(
+            sources->model()->index(1, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("Juice, last on 11 Nov"));
         auto *unknown = find<TableView>("unknownsources");
         QCOMPARE(cells(unknown), QList<QStringList>({{Meat, QStringLiteral("100 kcal"), QStringLiteral("1")}}));
         unknown->setFocus();
