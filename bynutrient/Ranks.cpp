@@ -428,16 +428,19 @@ constexpr RankedPattern patterns[] = {
     {"candies, *dietetic", Rank::Further},
 };
 
+std::vector<std::string_view> namePatterns()
+{
+    std::vector<std::string_view> list;
+    for (const RankedPattern &each : patterns)
+        list.push_back(each.pattern);
+    return list;
+}
+
 } // namespace
 
 std::optional<Standing::Rank> FoodKinds::rankOf(std::string_view name)
 {
-    static const NamePattern::Table table([] {
-        std::vector<std::string_view> list;
-        for (const RankedPattern &each : patterns)
-            list.push_back(each.pattern);
-        return list;
-    }());
+    static const NamePattern::Table table(namePatterns());
     const std::optional<std::size_t> found = table.find(name);
     return found ? std::optional(patterns[*found].rank) : std::nullopt;
 }

@@ -98,8 +98,6 @@ std::vector<std::string_view> partsOf(std::string_view name)
         std::string_view part = name.substr(0, comma);
         while (part.starts_with(' '))
             part.remove_prefix(1);
-        while (part.ends_with(' '))
-            part.remove_suffix(1);
         parts.push_back(part);
         name.remove_prefix(comma == std::string_view::npos ? name.size() : comma + 1);
     }

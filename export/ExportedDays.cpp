@@ -9,6 +9,7 @@
 #include "platform/LocalDay.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace Export {
 
@@ -38,9 +39,7 @@ QString dateText(QDate date)
 
 History::Days daysOf(const SavedLog &log, const History::Period &period)
 {
-    History::DayReader reader([&](const QString &first, const QString &last, const StoreCopy::Row &row) {
-        return log.scan(first, last, row);
-    });
+    History::DayReader reader(std::bind_front(&SavedLog::scan, &log));
     return reader.readOnly(period);
 }
 
@@ -99,7 +98,8 @@ bool ExportedDays::writeDays(Format format, std::FILE *file) const
         QStringList{QStringLiteral("date"), QStringLiteral("entries")} + nutrientColumns() + shareColumns(), file);
     const std::span<const History::Day> all = days.ofPeriod();
     History::KnownShareCounter shares(days);
-    for (std::size_t i = 0; i < all.size(); ++i) {
+    bool iswritten = true;
+    for (std::size_t i = 0; iswritten && i < all.size(); ++i) {
         const History::Day &day = all[i];
         const std::span<const History::Entry> entries = days.entriesOf(day);
         writer.addText(dateText(day.date));
@@ -112,10 +112,9 @@ bool ExportedDays::writeDays(Format format, std::FILE *file) const
         }
         for (const double share : shares.of(all.subspan(i, 1)))
             writer.addNumber(std::optional(share));
-        if (!writer.endRow())
-            return false;
+        iswritten = writer.endRow();
     }
-    return true;
+    return iswritten;
 }
 
 } // namespace Export

@@ -46,8 +46,8 @@ QString SavedLog::read(const QString &storepath)
         const StoreCopy::Result result = file.read(path);
         if (result == StoreCopy::Result::Missing)
             continue;
-        if (result != StoreCopy::Result::Read)
-            return faultOf(result, path);
+        if (const QString fault = faultOf(result, path); !fault.isEmpty())
+            return fault;
         haspending = true;
         file.scan(firstkey, lastkey, [&](const QString &key, const QByteArray &bytes) {
             if (std::optional<PendingFile::Record> record = PendingFile::read(bytes))
@@ -55,8 +55,9 @@ QString SavedLog::read(const QString &storepath)
         });
     }
     const StoreCopy::Result result = store.read(storepath);
-    if (result != StoreCopy::Result::Read && !(result == StoreCopy::Result::Missing && haspending))
-        return faultOf(result, storepath);
+    if (const QString fault = faultOf(result, storepath);
+        !fault.isEmpty() && !(result == StoreCopy::Result::Missing && haspending))
+        return fault;
     for (const auto &[key, record] : records)
         takeIn(key, record);
     return {};

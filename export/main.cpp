@@ -72,8 +72,9 @@ int main(int argc, char **argv)
     if (::fcntl(STDOUT_FILENO, F_GETFD) < 0)
         return end(false); // else the next file that is opened would take its place
     static_cast<void>(std::signal(SIGPIPE, SIG_IGN)); // a reader that went away is an error like any other
+    // For what Qt thinks of the locale.
     qInstallMessageHandler(
-        [](QtMsgType, const QMessageLogContext &, const QString &) {}); // what Qt thinks of the locale
+        [](QtMsgType, const QMessageLogContext &, const QString &) {}); // GCOVR_EXCL_LINE: only without UTF-8
     const QCoreApplication application(argc, argv); // whose folder the food files are found from
     return run(Export::argumentsOf(QCoreApplication::arguments().mid(1)));
 }

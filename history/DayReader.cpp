@@ -7,6 +7,7 @@
 #include "platform/LocalDay.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace History {
@@ -32,9 +33,7 @@ QVariant listOf(const ShownDay &shown)
 } // namespace
 
 DayReader::DayReader(const UserDefaults &prefs)
-    : DayReader([&prefs](const QString &first, const QString &last, const Row &row) {
-        return prefs.peekRange(first, last, row);
-    })
+    : DayReader(std::bind_front(&UserDefaults::peekRange, &prefs))
 { }
 
 DayReader::DayReader(Scan rows)

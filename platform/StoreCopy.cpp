@@ -72,7 +72,7 @@ public:
         while (done < count) {
             const ssize_t some = ::pread(descriptor, buffer + done, static_cast<std::size_t>(count - done), at + done);
             if (some < 0 && errno == EINTR)
-                continue;
+                continue; // GCOVR_EXCL_LINE: no signal interrupts the reading of a local file
             if (some <= 0)
                 return some < 0 ? -1 : done;
             done += some;
@@ -162,7 +162,7 @@ StoreCopy::Result StoreCopy::attempt(const QByteArray &path)
     Bytes bytes(
         static_cast<unsigned char *>(sqlite3_malloc64(static_cast<sqlite3_uint64>(std::max(size, headerSize)))));
     if (!bytes || file.read(bytes.get(), size, 0) < 0)
-        return Result::Unreadable;
+        return Result::Unreadable; // GCOVR_EXCL_LINE: only without memory or on a failing disk
     // The same bytes before and after a moment at which nobody was writing are those of that moment.
     if (isBeingWritten(path) || !file.holdsExactly(bytes.get(), size))
         return Result::Unfinished;

@@ -76,8 +76,6 @@ Measure measureOf(const QString &title, int index)
         measure.count = tokens.front().number;
         tokens.erase(tokens.begin());
     }
-    if (tokens.empty())
-        return measure;
     qsizetype phraseend = 0; // of the first phrase
     while (phraseend < title.size() && title[phraseend] != u',' && title[phraseend] != u'(')
         ++phraseend;
@@ -88,21 +86,15 @@ Measure measureOf(const QString &title, int index)
         measure.serving = measure.serving || token.word == "serving" || token.word == "servings";
         measure.yield = measure.yield || token.word == "yield" || token.word == "yields";
     }
-    std::size_t first = 0;
-    double inner = 1; // "x 0.75 cup"
-    if (tokens[0].word == "x" && tokens.size() > 2 && tokens[1].isNumber()) {
-        inner = tokens[1].number;
-        first = 2;
-        if (!measure.words.empty())
-            measure.words.erase(measure.words.begin());
-    }
+    const std::size_t first
+        = tokens.size() > 2 && tokens[0].word == "x" && tokens[1].isNumber() ? 2 : 0; // "x 0.75 cup"
     measure.package = std::any_of(packages.begin(), packages.end(),
         [&](const char *package) { return !measure.words.empty() && isSame(measure.words.front(), package); });
     const auto unit = MeasureText::unitAt(tokens, first);
     const double told = volumeIn(tokens) * measure.count;
     measure.mass = unit && unit->unit.kind == Unit::Kind::Mass;
     const bool volume = unit && unit->unit.kind == Unit::Kind::Volume;
-    measure.millilitres = volume && told <= 0 ? measure.count * inner * unit->unit.size : told;
+    measure.millilitres = volume && told <= 0 ? measure.count * unit->unit.size : told;
     measure.serving = measure.serving || (volume && told > 0 && first == 0);
     measure.volume = volume;
     return measure;

@@ -245,8 +245,6 @@ private:
         while (at < text.size() && (text[at].isLetterOrNumber() || text[at].isMark() || isApostrophe(text[at]))
             && fractionOf(text[at]) == 0)
             ++at;
-        if (at == start)
-            ++at;
         QByteArray word;
         for (const FoodWords::Token &part : FoodWords::tokenize(text.mid(start, at - start)))
             word += part.text;
@@ -268,12 +266,17 @@ std::vector<Token> MeasureText::tokenize(QStringView text)
 
 std::optional<double> MeasureText::numberCalled(const QByteArray &word)
 {
-    static const QHash<QByteArray, double> table{{"a", 1}, {"an", 1}, {"one", 1}, {"two", 2}, {"three", 3}, {"four", 4},
-        {"five", 5}, {"six", 6}, {"seven", 7}, {"eight", 8}, {"nine", 9}, {"ten", 10}, {"eleven", 11}, {"twelve", 12},
-        {"dozen", 12}, {"couple", 2}, {"half", 0.5}, {"third", 1.0 / 3}, {"quarter", 0.25}, {"thirds", 1.0 / 3},
-        {"quarters", 0.25}, {"halves", 0.5}, {"fourth", 0.25}, {"eighth", 0.125}};
-    const auto found = table.constFind(word);
-    return found == table.constEnd() ? std::nullopt : std::optional(*found);
+    struct Called {
+        const char *word;
+        double number;
+    };
+    static constexpr std::array<Called, 24> table{{{"a", 1}, {"an", 1}, {"one", 1}, {"two", 2}, {"three", 3},
+        {"four", 4}, {"five", 5}, {"six", 6}, {"seven", 7}, {"eight", 8}, {"nine", 9}, {"ten", 10}, {"eleven", 11},
+        {"twelve", 12}, {"dozen", 12}, {"couple", 2}, {"half", 0.5}, {"third", 1.0 / 3}, {"quarter", 0.25},
+        {"thirds", 1.0 / 3}, {"quarters", 0.25}, {"halves", 0.5}, {"fourth", 0.25}, {"eighth", 0.125}}};
+    const auto *const found
+        = std::find_if(table.begin(), table.end(), [&](const Called &each) { return word == each.word; });
+    return found == table.end() ? std::nullopt : std::optional(found->number);
 }
 
 bool MeasureText::makesNumberOfFood(const QByteArray &word)

@@ -13,6 +13,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QRegularExpression>
 
 namespace {
 
@@ -439,6 +440,15 @@ private slots:
         QCOMPARE(printed.err.count('\n'), 1);
     }
 
+    void theVersionIsPrintedAndNothingElse()
+    {
+        const Ended printed = run(program, {QStringLiteral("--version")});
+        QCOMPARE(printed.status, 0);
+        const QRegularExpression version(QStringLiteral("^provender-export \\d+\\.\\d+\\.\\d+\n$"));
+        QVERIFY2(version.match(QString::fromUtf8(printed.out)).hasMatch(), printed.out.constData());
+        QCOMPARE(printed.err, "");
+    }
+
     void storesThatTheProgramOpensAreReadAndOthersAreNot_data()
     {
         QTest::addColumn<QByteArray>("sql");
@@ -478,12 +488,23 @@ private slots:
         QCOMPARE(contentOf(place.path), before);
     }
 
+    void anEmptyStoreIsAnEmptyLog()
+    {
+        QTemporaryFile empty;
+        QVERIFY(empty.open());
+        const Ended printed = exported(empty.fileName());
+        QCOMPARE(printed.status, 0);
+        QCOMPARE(printed.out.count('\n'), 1);
+    }
+
     void anOutputThatIsFullOrClosedIsAnError_data()
     {
         QTest::addColumn<QString>("script");
         QTest::addColumn<QByteArray>("reason");
         QTest::newRow("full") << QStringLiteral("\"$0\" --store \"$1\" > /dev/full")
                               << QByteArray("No space left on device");
+        QTest::newRow("full, by days") << QStringLiteral("\"$0\" --store \"$1\" --per day > /dev/full")
+                                       << QByteArray("No space left on device");
         QTest::newRow("closed") << QStringLiteral("\"$0\" --store \"$1\" >&-") << QByteArray("Bad file descriptor");
         QTest::newRow("a reader that went away")
             << QStringLiteral("\"$0\" --store \"$1\" | true; exit ${PIPESTATUS[0]}") << QByteArray("Broken pipe");

@@ -106,6 +106,15 @@ private slots:
             "2 x 1 large, 200 g");
         row("a size of two words", "1 extra small egg", {unit("1 small", 38), unit("1 extra small", 30)},
             "1 x 1 extra small, 30 g");
+        row("a measure of more words", "2 slices ham", {unit("1 cup", 140), unit("1 thick slice", 30)},
+            "2 x 1 thick slice, 60 g");
+        row("so much of a volume", "1 cup bran",
+            {unit("1 bowl (1 cup)", 55), unit("1 x 0.75 cup (1 NLEA serving)", 30)},
+            "1.3333334 x 1 x 0.75 cup (1 NLEA serving), 40 g");
+        row("a size after what it is of", "1 large potato", {unit("1 potato, small", 90), unit("1 potato, large", 300)},
+            "1 x 1 potato, large, 300 g");
+        row("no piece of that size", "2 large burgers", {unit("1 cup, large cubes", 140), unit("1 item", 90)},
+            "2 x 1 item, 180 g");
         row("a weight without end", "1 cup jam", {unit("1 cup", std::numeric_limits<float>::infinity())},
             "100 x g, 100 g");
     }
@@ -120,6 +129,12 @@ private slots:
                                  .arg(portion.amount, measures[static_cast<std::size_t>(portion.unit)].title)
                                  .arg(double(portion.grams));
         QTEST(text, "portion");
+    }
+
+    void aRangeAndNothingAreNoQuantity()
+    {
+        QVERIFY(FoodQuantity::readings(u"2-3 eggs").empty());
+        QVERIFY(FoodQuantity::readings(u" ").empty());
     }
 
     void ofACanAndATinTheCannedFoodComesFirst()

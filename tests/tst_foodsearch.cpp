@@ -337,6 +337,7 @@ private slots:
         QVERIFY(search.search(QStringLiteral("xyzzyplugh")).empty());
         QVERIFY(search.search(QStringLiteral("xyzzyplugh frobnicate")).empty());
         QVERIFY(search.matchedLetters(0).empty());
+        QVERIFY(search.missingWords(0).isEmpty());
     }
 
     void whereNoNameHasAllWordsThoseWithTheMostAreFound()

@@ -43,6 +43,16 @@ private slots:
             QVERIFY2(said.contains(QLatin1String(" mg, ")) && said.endsWith(QLatin1String(" %")), qPrintable(said));
         }
 
+        auto *view = find<FoodListView>("foodlist");
+        const QRect boundary = view->visualRect(list()->model()->index(1, 0));
+        const QImage picture = view->viewport()->grab(boundary).toImage();
+        QCOMPARE(picture.pixel(picture.width() - 3, 0), view->palette().color(QPalette::Mid).rgb());
+        QFont large = view->font();
+        large.setPointSize(2 * large.pointSize());
+        const int top = view->viewport()->y();
+        view->setFont(large); // whose heading needs more room
+        QVERIFY(view->viewport()->y() > top);
+
         press(Qt::Key_Down);
         QCOMPARE(text("amountlabel").section(u',', 0, 1), QStringLiteral("2 \u00d7 1 slice, 136 g"));
         QVERIFY(field()->accessibleDescription().endsWith(QLatin1String("8.89 mg, 49 %")));

@@ -164,6 +164,36 @@ private slots:
         QVERIFY(holds(picture, between(4), text));
     }
 
+    void aMonthOfTwoYearsWeeksIsNamedOnce()
+    {
+        CourseChart chart;
+        std::vector<History::Bar> bars;
+        for (int i = 0; i < 60; ++i)
+            bars.push_back({{monday.addDays(7 * i), monday.addDays(7 * i + 6)}, 7, 1.0});
+        show(chart, bars, 0.0F, {}, History::Grouping::Week);
+        chart.resize(2400, 300); // has room for twice as many names
+        const QRectF plot = chart.plotArea();
+        const auto below = [&](int from, int to) {
+            return QRectF(QPointF(chart.barArea(bars[std::size_t(from)]).left(), plot.bottom() + 2),
+                QPointF(chart.barArea(bars[std::size_t(to)]).left() - 5, chart.height() - 2));
+        };
+        const QImage picture = chart.grab().toImage();
+        QVERIFY(!holds(picture, below(3, 5), chart.palette().color(QPalette::Text)));
+        QVERIFY(holds(picture, below(5, 7), chart.palette().color(QPalette::Text)));
+    }
+
+    void aLargerFontHasItsRoom()
+    {
+        CourseChart chart;
+        show(chart, {bar(0, 1.0)}, 60.0F);
+        const QRectF before = chart.plotArea();
+        QFont large = chart.font();
+        large.setPointSize(2 * large.pointSize());
+        chart.setFont(large);
+        QVERIFY(chart.plotArea().left() > before.left());
+        QVERIFY(chart.plotArea().bottom() < before.bottom());
+    }
+
     void moreBarsThanPixelsArePainted()
     {
         CourseChart chart;
@@ -198,6 +228,18 @@ private slots:
         QCOMPARE(pointed[0][0].toDate(), monday.addDays(2));
     }
 
+    void aClickInTheYearPointsAtTheDayUnderIt()
+    {
+        YearView view;
+        view.resize(700, 200);
+        view.setYear(yearOfSteps(), true);
+        const QSignalSpy pointed(&view, &DayView::dayPointedAt);
+        QTest::mouseClick(&view, Qt::LeftButton, {}, view.cellArea({2026, 7, 3}).center().toPoint());
+        QTest::mouseClick(&view, Qt::LeftButton, {}, QPoint(2, 2)); // beside the cells
+        QCOMPARE(pointed.size(), 1);
+        QCOMPARE(pointed[0][0].toDate(), QDate(2026, 7, 3));
+    }
+
     void theYearHasAShadeForEachStepAndHollowDays()
     {
         YearView view;
@@ -226,6 +268,7 @@ private slots:
         QTest::newRow("Down") << Qt::Key_Down << QDate(2026, 1, 11);
         QTest::newRow("Page Up stops at the year's first day") << Qt::Key_PageUp << QDate(2026, 1, 1);
         QTest::newRow("Page Down") << Qt::Key_PageDown << QDate(2026, 2, 10);
+        QTest::newRow("Home") << Qt::Key_Home << QDate(2026, 1, 1);
         QTest::newRow("End") << Qt::Key_End << QDate(2026, 12, 31);
     }
 
@@ -234,9 +277,11 @@ private slots:
         QFETCH(Qt::Key, key);
         QFETCH(QDate, day);
         YearView view;
+        const QSignalSpy pointed(&view, &DayView::dayPointedAt);
+        QTest::keyClick(&view, key);
+        QCOMPARE(pointed.size(), 0); // there is none yet
         view.setYear(yearOfSteps(), true);
         view.setCurrentDay({2026, 1, 10}, {}, 0.0);
-        const QSignalSpy pointed(&view, &DayView::dayPointedAt);
         QTest::keyClick(&view, key);
         QCOMPARE(pointed.size(), 1);
         QCOMPARE(pointed[0][0].toDate(), day);
@@ -254,7 +299,12 @@ private slots:
         QVERIFY(spoken->state().focusable);
         QVERIFY(spoken->valueInterface());
         chart.setCurrentDay(monday, QStringLiteral("Mon: 4.00 mg"), 4.0);
-        QCOMPARE(spoken->valueInterface()->currentValue().toDouble(), 4.0);
+        QAccessibleValueInterface *value = spoken->valueInterface();
+        value->setCurrentValue(7.0); // by which no day would be meant
+        QCOMPARE(value->currentValue().toDouble(), 4.0);
+        QVERIFY(value->minimumValue().toDouble() < -3e38);
+        QVERIFY(value->maximumValue().toDouble() > 3e38); // a mean may be that
+        QCOMPARE(value->minimumStepSize().toDouble(), 0.0);
         chart.setCurrentDay(monday, QStringLiteral("Mon: inf mg"), infinity);
         QCOMPARE(spoken->text(QAccessible::Description), QStringLiteral("Mon: inf mg"));
         QCOMPARE(spoken->text(QAccessible::Value), QStringLiteral("Mon: inf mg"));
@@ -263,10 +313,11 @@ private slots:
 
 private:
     static void show(CourseChart &chart, const std::vector<History::Bar> &bars, float allowance,
-        const std::vector<History::RunningMean> &running = {})
+        const std::vector<History::RunningMean> &running = {}, History::Grouping grouping = History::Grouping::Day)
     {
         chart.resize(500, 300);
         History::Course course;
+        course.grouping = grouping;
         course.bars = bars;
         course.running = running;
         chart.setContent({{bars.front().days.first, bars.back().days.last}, course, QStringLiteral("mg"), allowance});

@@ -287,6 +287,17 @@ private slots:
         QVERIFY(!text("summarylabel").contains(QStringLiteral("known for"))); // all of it is
     }
 
+    void enterOnAButtonPressesIt()
+    {
+        open();
+        goTo({2026, 11, 11});
+        auto *close = find<QAbstractButton>("closebutton");
+        close->setFocus();
+        press(close, Qt::Key_Return);
+        QVERIFY(!sheet()->isVisible());
+        QCOMPARE(LocalDay::dateOf(run->controller.curdate), today);
+    }
+
     void theSourcesSayWhereItCameFrom()
     {
         open();
@@ -298,6 +309,8 @@ private slots:
                                     QStringLiteral("97 %")},
                 {Juice, QStringLiteral("40.00 mg"), QStringLiteral("1"), QStringLiteral("100 %"),
                     QStringLiteral("3 %")}}));
+        QCOMPARE(
+            sources->model()->index(1, 0).data(Qt::ToolTipRole).toString(), QStringLiteral("Juice, last on 11 Nov"));
         auto *unknown = find<TableView>("unknownsources");
         QCOMPARE(cells(unknown), QList<QStringList>({{Meat, QStringLiteral("100 kcal"), QStringLiteral("1")}}));
         unknown->setFocus();
@@ -435,15 +448,27 @@ private slots:
             if (action->shortcut().toString().startsWith(QStringLiteral("Alt+")))
                 action->trigger();
         }
+        emit find<QComboBox>("lengthbox")->activated(1);
+        find<QCheckBox>("leaveout")->click();
         find<QTabWidget>("tabs")->setCurrentIndex(1);
         QVERIFY(cells(find<TableView>("sources")).isEmpty());
+    }
+
+    void openedOnceMoreItStaysAsItIs()
+    {
+        open();
+        sheet()->openWith({});
+        choose(find<QComboBox>("lengthbox"), 0);
+        QVERIFY(text("periodlabel").startsWith(QStringLiteral("14 Nov")));
     }
 
     void aNarrowTableKeepsTheKnownShare()
     {
         open();
+        figures()->setCurrentIndex(figures()->model()->index(0, 2));
         sheet()->resize(700, 560);
         QVERIFY(figures()->isColumnHidden(2));
+        QCOMPARE(figures()->currentIndex().column(), 0); // or no key would lead away
         QVERIFY(!figures()->isColumnHidden(4));
     }
 

@@ -52,6 +52,13 @@ private slots:
     void init() { log = std::make_unique<EnteredLog>(); }
     void cleanup() { log.reset(); }
 
+    void whereAllIsSavedNothingIsLeft()
+    {
+        UserDefaults store(log->storePath());
+        QVERIFY(store.leavePending());
+        QVERIFY(!QFile::exists(pendingPath()));
+    }
+
     void whatTheRunHadReadIsReplacedAndTheFileGoes()
     {
         leave(LockedStore::Shared, true);

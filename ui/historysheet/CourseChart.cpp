@@ -113,8 +113,6 @@ QRectF CourseChart::barArea(const History::Bar &bar) const
 QDate CourseChart::dayAfterKey(int key) const
 {
     const History::Period &period = content.period;
-    if (!period.first.isValid())
-        return {};
     const QDate from = std::clamp(currentDay(), period.first, period.last);
     const auto inside = [&](QDate day) { return day.isValid() ? std::clamp(day, period.first, period.last) : from; };
     // By a week, or to the same day of the bar before or after.

@@ -176,8 +176,6 @@ void HistorySheet::done(int result)
     days = {};
     course = {};
     figures.reset();
-    if (!ui)
-        return;
     ui->leaveout->setChecked(false);
     ui->chart->setContent({});
     ui->year->setYear({}, false);
@@ -441,8 +439,6 @@ void HistorySheet::keyPressEvent(QKeyEvent *event)
         QDialog::keyPressEvent(event);
         return;
     }
-    if (event->isAutoRepeat())
-        return; // the key that opened the sheet, held a little long
     if (auto *button = qobject_cast<QPushButton *>(focusWidget()))
         button->click();
     else
