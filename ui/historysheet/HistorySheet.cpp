@@ -176,6 +176,8 @@ void HistorySheet::done(int result)
     days = {};
     course = {};
     figures.reset();
+    if (!ui)
+        return;
     ui->leaveout->setChecked(false);
     ui->chart->setContent({});
     ui->year->setYear({}, false);

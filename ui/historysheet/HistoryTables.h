@@ -17,8 +17,7 @@
 class HistoryTable : public TableViewDataSource, public TableViewDelegate {
 public:
     // No cell is edited, and no row selected by a person: the frame of the current one is enough.
-    void setObjectValue(const TableView *, const QVariant &, const QString &, int) final {
-    } // GCOVR_EXCL_LINE: so it is
+    void setObjectValue(const TableView *, const QVariant &, const QString &, int) final { }
     [[nodiscard]] std::optional<QList<int>> selectionIndexesForProposedSelection(
         const TableView *, const QList<int> &) override
     {
