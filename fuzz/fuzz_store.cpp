@@ -12,9 +12,9 @@
 
 namespace {
 
-const char *const keys[] = {"2026_11_21", "2026_11_20", "2026_11_22", "RDAs", "LastDate", "RememberDate", "UseP",
-    "RecalculateAmount", "OwnFoodsFirst", "WindowGeometry", "WindowSplitters", "HistorySheetSize", "2026_11_21.unread",
-    "ColumnWidths"};
+const char *const keys[]
+    = {"2026_11_21", "2026_11_20", "2026_11_22", "RDAs", "LastDate", "RememberDate", "UseP", "RecalculateAmount",
+        "OwnFoodsFirst", "WindowGeometry", "WindowSplitters", "HistorySheetSize", "2026_11_21.unread", "ColumnWidths"};
 
 // Pairs of a key's number, a length of two bytes and a value of so many bytes.
 void fillStore(const QString &path, const QByteArray &input)
