@@ -18,7 +18,7 @@ SuddenEnd *current = nullptr;
 pid_t process = 0;
 std::atomic<bool> isover = false;
 
-// GCOVR_EXCL_START: a process that ends in here leaves no counts
+// GCOVR_EXCL_START: a process that ends by its last word leaves no counts
 // Returns when the process may end as it was asked to.
 void endByLastWord(int status)
 {

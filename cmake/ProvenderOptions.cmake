@@ -19,10 +19,10 @@ target_compile_definitions(provender_options INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_NARROWING_CONVERSIONS_IN_CONNECT
   QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-# provender_precompile(<target> <set> <Qt library>...): with PROVENDER_PRECOMPILE, the target's files find the headers of
-# these libraries read, which is half of what it costs to compile them. Targets of one set share one such header, so their
-# definitions by Qt have to be the same; the compiler says so where they are not. What a file forgets to include itself is
-# found where the option is off: in the package's build, and by tidy.sh in all files.
+# provender_precompile(<target> <set> <Qt library>...): with PROVENDER_PRECOMPILE, the target's files find the headers
+# of these libraries read, which is half of what it costs to compile them. Targets of one set share one such header, so
+# their definitions by Qt have to be the same; the compiler says so where they are not. What a file forgets to include
+# itself is found where the option is off: in the package's build, and by tidy.sh in all files.
 function(provender_precompile target set)
   if(NOT PROVENDER_PRECOMPILE)
     return()

@@ -3,8 +3,9 @@
 # SPDX-License-Identifier: MIT
 #
 # run.sh [seconds] [target]...: builds the fuzz targets and runs each (or those named) for so long (5 seconds unless
-# said otherwise), one for each processor at a time. Fails when one finds something; the input lies in build/fuzz/findings then.
-# Ends with 77, which the tests report as skipped, when clang or its fuzzing runtime is not installed.
+# said otherwise), one for each processor at a time. Fails when one finds something; the input lies in
+# build/fuzz/findings then. Ends with 77, which the tests report as skipped, when clang or its fuzzing runtime is not
+# installed.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

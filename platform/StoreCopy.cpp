@@ -162,7 +162,7 @@ StoreCopy::Result StoreCopy::attempt(const QByteArray &path)
     Bytes bytes(
         static_cast<unsigned char *>(sqlite3_malloc64(static_cast<sqlite3_uint64>(std::max(size, headerSize)))));
     if (!bytes || file.read(bytes.get(), size, 0) < 0)
-        return Result::Unreadable; // GCOVR_EXCL_LINE: only without memory or on a failing disk
+        return Result::Unreadable; // GCOVR_EXCL_LINE: only for 2 GiB, without memory or on a failing disk
     // The same bytes before and after a moment at which nobody was writing are those of that moment.
     if (isBeingWritten(path) || !file.holdsExactly(bytes.get(), size))
         return Result::Unfinished;

@@ -207,7 +207,7 @@ bool StoreFile::setAside(const QString &path)
             continue;
         if (!move(path + part, aside + part)) {
             for (const QString &journal : qAsConst(moved)) // which belong to the store, where it stays
-                static_cast<void>(move(aside + journal, path + journal)); // GCOVR_EXCL_LINE: had it not just moved one
+                static_cast<void>(move(aside + journal, path + journal)); // GCOVR_EXCL_LINE: where it alone stays
             return false;
         }
         moved.append(part);

@@ -45,8 +45,8 @@ struct FoodRank {
     bool rawFlesh = false; // meat and fish are eaten cooked
     int weight = 0; // the inverse document frequencies of what was not asked for, see FoodIndex::VocabularyWord
     int name = 0; // catalogue order
-    bool forFewOfAll = false; // what the two were, were the food nobody's own; one food has one of each
-    bool ofBrandOfAll = false;
+    bool forFewOfAll = false; // what the two are by this reading, whoever's food it is; last, so that
+    bool ofBrandOfAll = false; // they decide nothing between two foods
 
     auto operator<=>(const FoodRank &) const = default;
 

@@ -164,7 +164,7 @@ def press(*keys):
 
 def settle():
     """
-    Until the key pressed last has done its work. On the way to a window, Qt holds each key until the accessibility
+    Gives the key pressed last time to do its work. On the way to a window, Qt holds each key until the accessibility
     registry has been told of it, but runs a shortcut at once: on a busy machine the Alt of Alt+Right would come after
     its Right, and then be an Alt alone, which goes to the menu bar and closes a menu.
     """
@@ -175,7 +175,7 @@ def settle():
             desktop.set_cache_mask(Atspi.Cache.NONE)
             for application in children(desktop):
                 application.set_cache_mask(Atspi.Cache.NONE)
-                application.childCount  # pylint: disable=pointless-statement # answered from the program's event loop
+                _ = application.childCount  # answered from the program's event loop
         except GLib.Error:  # that key has ended the program
             return
 

@@ -7,7 +7,8 @@
 #
 # The tests themselves, the benchmarks, the fuzz targets and what the build generates do not count. Nor do the branches
 # that the compiler adds for exceptions, which nothing here throws, and those it marks as unreachable. A line that no
-# test can reach says so in place, with its reason: GCOVR_EXCL_LINE.
+# test can reach, or whose process leaves no counts, says so in place, with its reason: GCOVR_EXCL_LINE, or from
+# GCOVR_EXCL_START to GCOVR_EXCL_STOP.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
